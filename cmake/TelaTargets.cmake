@@ -1,0 +1,41 @@
+# The three kinds of target that the project has. Each takes the sources of its own folder, so that
+# adding a unit needs no line here or in a CMakeLists.txt.
+
+find_program(TELA_CCACHE ccache)
+if(TELA_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${TELA_CCACHE}")
+endif()
+
+add_library(tela_options INTERFACE)
+target_compile_options(tela_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Werror)
+target_include_directories(tela_options INTERFACE "${PROJECT_SOURCE_DIR}/src")
+if(TELA_SANITIZE)
+  target_compile_options(tela_options INTERFACE -fsanitize=address,undefined
+                         -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(tela_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# tela_library(NAME [libraries it uses...]): a static library of this folder's *.cpp files.
+function(tela_library name)
+  file(GLOB sources CONFIGURE_DEPENDS "*.cpp" "*.h")
+  add_library(${name} STATIC ${sources})
+  set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
+  target_link_libraries(${name} PUBLIC tela_options ${ARGN})
+endfunction()
+
+# tela_program(NAME [libraries...]): an executable of this folder's *.cpp files.
+function(tela_program name)
+  file(GLOB sources CONFIGURE_DEPENDS "*.cpp" "*.h")
+  add_executable(${name} ${sources})
+  target_link_libraries(${name} PRIVATE tela_options ${ARGN})
+endfunction()
+
+# tela_test(NAME [libraries...]): a GoogleTest program of this folder's *.cpp files; each case is a CTest.
+function(tela_test name)
+  file(GLOB sources CONFIGURE_DEPENDS "*.cpp" "*.h")
+  add_executable(${name} ${sources})
+  target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+  target_compile_definitions(${name} PRIVATE TELA_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  target_link_libraries(${name} PRIVATE tela_options ${ARGN} GTest::gtest_main GTest::gmock)
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+endfunction()
