@@ -21,7 +21,7 @@ create table SalesPrint (
 GO
 
 create table fDailyCashS (
-  BillsDate date,
+  FromDate date,
   CounterName varchar(100),
   SNo int,
   BillNo numeric(18,0),
