@@ -5,7 +5,6 @@
 #pragma once
 
 #include <chrono>
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -16,28 +15,20 @@
 #include <variant>
 #include <vector>
 
+#include "platform/text/calendar.h"
+
 namespace tela {
-
-/// A calendar day without a time of day.
-using Date = std::chrono::year_month_day;
-
-/// A time of day to the second, 00:00:00 to 23:59:59.
-struct TimeOfDay {
-  int hour = 0;
-  int minute = 0;
-  int second = 0;
-  auto operator<=>(const TimeOfDay&) const = default;
-};
 
 /// What a column holds. `number` is a floating number, `whole_number` an integer or a code.
 enum class FieldType { text, number, whole_number, date, time };
 
 /// One field of one row: null (monostate), or a value of one of the five types.
-using Value =
-    std::variant<std::monostate, std::string, double, std::int64_t, Date, TimeOfDay>;
+using Value = std::variant<std::monostate, std::string, double, std::int64_t, Date, TimeOfDay>;
 
 /// Whether a value is the database's null.
-inline bool is_null(const Value& value) { return std::holds_alternative<std::monostate>(value); }
+inline bool is_null(const Value& value) {
+  return std::holds_alternative<std::monostate>(value);
+}
 
 /// A result column: its name (the alias, else the column's name, else empty) and its type.
 struct Field {
@@ -79,8 +70,8 @@ class DatabaseError : public std::runtime_error {
 /// Where a connection keeps the rows of a query.
 enum class CursorLocation { server, client };
 
-/// One connection to a catalogue. Every failure throws DatabaseError. A connection that is destroyed
-/// rolls back what is open; the catalogue then stands as the last commit left it.
+/// One connection to a catalogue. Every failure throws DatabaseError. A connection that is
+/// destroyed rolls back what is open; the catalogue then stands as the last commit left it.
 class Connection {
  public:
   virtual ~Connection() = default;
