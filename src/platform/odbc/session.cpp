@@ -1,0 +1,127 @@
+#include "platform/odbc/session.h"
+
+#include <cstdint>
+#include <optional>
+#include <utility>
+
+#include "platform/odbc/diagnosis.h"
+
+namespace tela::odbc {
+namespace {
+
+/// A server that does not answer the login within this is not there.
+constexpr std::chrono::seconds kLoginTimeout{15};
+
+/// ODBC passes small numbers where a pointer is declared.
+SQLPOINTER as_pointer(std::intptr_t number) {
+  return reinterpret_cast<SQLPOINTER>(number);
+}
+
+EnvironmentHandle make_environment() {
+  EnvironmentHandle environment(nullptr);
+  if (environment)
+    SQLSetEnvAttr(environment.get(), SQL_ATTR_ODBC_VERSION, as_pointer(SQL_OV_ODBC3), 0);
+  return environment;
+}
+
+/// What the statement asks of the driver. A driver that lacks one of them does without: NOSCAN
+/// keeps a driver from looking for escapes in a statement.
+void prepare_statement(SQLHSTMT statement, std::chrono::seconds timeout) {
+  SQLSetStmtAttr(statement, SQL_ATTR_NOSCAN, as_pointer(SQL_NOSCAN_ON), 0);
+  SQLSetStmtAttr(statement, SQL_ATTR_QUERY_TIMEOUT, as_pointer(timeout.count()), 0);
+}
+
+/// Success, or success with nothing to do: an update that met no row is SQL_NO_DATA.
+bool went_well(SQLRETURN result) {
+  return SQL_SUCCEEDED(result) || result == SQL_NO_DATA;
+}
+
+}  // namespace
+
+Session::Session(const std::string& odbc_text, DriverText form)
+    : form_(form),
+      passwords_(odbc_text),
+      environment_(make_environment()),
+      connection_(environment_.get()) {
+  if (!connection_) fail(SQL_HANDLE_ENV, environment_.get(), true);
+  SQLSetConnectAttr(connection_.get(), SQL_ATTR_LOGIN_TIMEOUT, as_pointer(kLoginTimeout.count()),
+                    0);
+  if (!SQL_SUCCEEDED(driver_connect(connection_.get(), odbc_text, form_)))
+    fail(SQL_HANDLE_DBC, connection_.get(), true);
+}
+
+Session::~Session() {
+  SQLEndTran(SQL_HANDLE_DBC, connection_.get(), SQL_ROLLBACK);
+  SQLDisconnect(connection_.get());
+}
+
+void Session::fail(SQLSMALLINT handle_type, SQLHANDLE handle, bool connecting) const {
+  const DatabaseError error = diagnose(diagnostics(handle_type, handle, form_),
+                                       connecting ? Step::connect : Step::statement);
+  throw DatabaseError(error.kind(), passwords_.scrub(error.what()), error.native_code());
+}
+
+RowSet Session::run(std::string_view sql, std::chrono::seconds timeout) {
+  const StatementHandle statement(connection_.get());
+  if (!statement) fail(SQL_HANDLE_DBC, connection_.get(), false);
+  prepare_statement(statement.get(), timeout);
+  std::optional<RowSet> rows;
+  SQLRETURN result = execute_direct(statement.get(), sql, form_);
+  do {
+    if (!went_well(result)) fail(SQL_HANDLE_STMT, statement.get(), false);
+    if (!rows) {
+      const std::vector<Column> columns = describe_columns(statement.get(), form_);
+      if (!columns.empty()) rows = fetch_rows(statement, columns);
+    }
+    result = SQLMoreResults(statement.get());
+  } while (result != SQL_NO_DATA);
+  return rows ? std::move(*rows) : RowSet{};
+}
+
+RowSet Session::fetch_rows(const StatementHandle& statement, const std::vector<Column>& columns) {
+  RowSet rows;
+  for (const Column& column : columns) rows.fields.push_back(column.field);
+  SQLRETURN result = SQL_SUCCESS;
+  while (SQL_SUCCEEDED(result = SQLFetch(statement.get()))) {
+    std::vector<Value>& row = rows.rows.emplace_back(columns.size());
+    for (std::size_t i = 0; i < columns.size(); ++i)
+      if (!read_value(statement.get(), static_cast<SQLUSMALLINT>(i + 1), columns[i], form_, row[i]))
+        fail(SQL_HANDLE_STMT, statement.get(), false);
+  }
+  if (result != SQL_NO_DATA) fail(SQL_HANDLE_STMT, statement.get(), false);
+  settle_timestamps(columns, rows);
+  return rows;
+}
+
+void Session::begin() {
+  set_autocommit(false);
+}
+
+void Session::commit() {
+  end_transaction(SQL_COMMIT);
+}
+
+void Session::roll_back() {
+  end_transaction(SQL_ROLLBACK);
+}
+
+void Session::end_transaction(SQLSMALLINT how) {
+  if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, connection_.get(), how)))
+    fail(SQL_HANDLE_DBC, connection_.get(), false);
+  set_autocommit(true);
+}
+
+void Session::set_autocommit(bool on) {
+  const SQLPOINTER mode = as_pointer(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF);
+  if (!SQL_SUCCEEDED(SQLSetConnectAttr(connection_.get(), SQL_ATTR_AUTOCOMMIT, mode, 0)))
+    fail(SQL_HANDLE_DBC, connection_.get(), false);
+}
+
+bool Session::alive() const {
+  SQLUINTEGER dead = SQL_CD_FALSE;
+  const SQLRETURN result =
+      SQLGetConnectAttr(connection_.get(), SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr);
+  return !SQL_SUCCEEDED(result) || dead != SQL_CD_TRUE;
+}
+
+}  // namespace tela::odbc

@@ -1,0 +1,49 @@
+// One live connection of the ODBC driver: connecting, running statements, ending transactions.
+#pragma once
+
+#include <chrono>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/database/database_client.h"
+#include "platform/odbc/column_reader.h"
+#include "platform/odbc/connection_text.h"
+#include "platform/odbc/driver_text.h"
+#include "platform/odbc/handles.h"
+
+namespace tela::odbc {
+
+/// Connected from its construction to its destruction, which rolls back what is open. Failures
+/// throw DatabaseError, without passwords.
+class Session {
+ public:
+  Session(const std::string& odbc_text, DriverText form);
+  ~Session();
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  /// Runs one batch unchanged and returns the rows of its first result that has any; the further
+  /// results are run to their end, so that a failure among them is not passed over.
+  RowSet run(std::string_view sql, std::chrono::seconds timeout);
+
+  void begin();
+  void commit();
+  void roll_back();
+
+  /// False once the driver knows that the server is gone.
+  bool alive() const;
+
+ private:
+  [[noreturn]] void fail(SQLSMALLINT handle_type, SQLHANDLE handle, bool connecting) const;
+  void set_autocommit(bool on);
+  void end_transaction(SQLSMALLINT how);
+  RowSet fetch_rows(const StatementHandle& statement, const std::vector<Column>& columns);
+
+  DriverText form_;
+  PasswordScrubber passwords_;
+  EnvironmentHandle environment_;
+  ConnectionHandle connection_;
+};
+
+}  // namespace tela::odbc
