@@ -18,9 +18,9 @@ std::string_view trimmed(std::string_view text) {
 std::vector<std::string> characters(std::string_view text) {
   std::vector<std::string> pieces;
   while (!text.empty()) {
-    const std::string_view before = text;
+    const std::string_view rest = text;
     take_character(text);
-    pieces.emplace_back(before.substr(0, before.size() - text.size()));
+    pieces.emplace_back(rest.substr(0, rest.size() - text.size()));
   }
   return pieces;
 }

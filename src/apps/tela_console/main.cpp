@@ -1,0 +1,72 @@
+// tela_console: the whole program, driven by a script. It prints one JSON object a line as things
+// happen.
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "apps/program/program.h"
+#include "display/scripted/script_runner.h"
+
+namespace {
+
+constexpr const char* kUsage = "usage: tela_console [--root DIR] [--sheets DIR] [FILE]\n";
+
+enum ExitCode { all_ran = 0, a_command_failed = 1, bad_usage = 2 };
+
+struct Options {
+  std::optional<std::string> root;
+  std::optional<std::string> script;
+};
+
+std::optional<Options> read_options(const std::vector<std::string>& arguments) {
+  Options options;
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    if (arguments[i] == "--root" && i + 1 < arguments.size())
+      options.root = arguments[++i];
+    else if (arguments[i].starts_with("--") || options.script)
+      return std::nullopt;
+    else
+      options.script = arguments[i];
+  }
+  return options;
+}
+
+void print(const tela::Json& event) {
+  std::cout << event.dump(-1, ' ', false, tela::Json::error_handler_t::replace) << '\n'
+            << std::flush;
+}
+
+int run(const Options& options) {
+  std::ifstream file;
+  if (options.script) {
+    file.open(*options.script);
+    if (!file || std::filesystem::is_directory(*options.script)) {
+      std::cerr << "tela_console: cannot read " << *options.script << '\n';
+      return bad_usage;
+    }
+  }
+  tela::ScriptedDisplay display(print);
+  tela::Program program(options.root ? tela::Paths(*options.root) : tela::Paths::from_environment(),
+                        display);
+  tela::ScriptRunner runner(program.state(), display);
+  return runner.run(options.script ? file : std::cin) ? all_ran : a_command_failed;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const auto options = read_options({argv + 1, argv + argc});
+  if (!options) {
+    std::cerr << kUsage;
+    return bad_usage;
+  }
+  try {
+    return run(*options);
+  } catch (const std::exception& failure) {
+    std::cerr << "tela_console: " << failure.what() << '\n';
+    return a_command_failed;
+  }
+}

@@ -1,0 +1,23 @@
+#include "screens/sales_analysis/frmSupplierSales.h"
+
+namespace tela {
+
+SalesFilter frmSupplierSales::definition() {
+  return {
+      .screen = "frmSupplierSales",
+      .caption = "SUPPLIER WISE SALES",
+      .label = "SELECT THE SUPPLIER",
+      .list_sql = "select Supplier from Items Group by Supplier order by Supplier",
+      .blank_message = "Please Select the Supplier Name",
+      .column = "I.SUPPLIER",
+      .condition = "I.SUPPLIER",
+      .source = "I.SUPPLIER from sales S Join ITEMS I On S.iCode=I.iCode",
+      .aliased_head = {},
+      .descending = "Desc",
+      .report_file = "SupplierItemReport.rpt",
+  };
+}
+
+frmSupplierSales::frmSupplierSales(AppState& app) : FilteredSales(app, definition()) {}
+
+}  // namespace tela

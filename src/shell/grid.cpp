@@ -1,0 +1,43 @@
+#include "shell/grid.h"
+
+#include <utility>
+
+namespace tela {
+
+namespace {
+constexpr int kFreshRows = 2;
+constexpr int kDefaultWidth = 960;  // twips
+}  // namespace
+
+Grid::Grid(int cols, int fixed_cols)
+    : cols_(cols),
+      fixed_cols_(fixed_cols),
+      cells_(static_cast<std::size_t>(cols) * kFreshRows),
+      widths_(static_cast<std::size_t>(cols), kDefaultWidth) {}
+
+void Grid::SetRows(int rows) {
+  if (rows < 0 || rows > kLastGridRow)
+    throw GridError("A grid cannot have " + std::to_string(rows) + " rows.");
+  cells_.resize(static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols_));
+  bands_.erase(bands_.lower_bound(rows), bands_.end());
+  if (row_ >= rows) row_ = 0;
+}
+
+void Grid::SetTextMatrix(int row, int col, std::string text) {
+  cells_[index(row, col)] = std::move(text);
+}
+
+void Grid::Clear() {
+  for (auto& cell : cells_) cell.clear();
+  bands_.clear();
+}
+
+std::size_t Grid::index(int row, int col) const {
+  if (row < 0 || row >= Rows() || col < 0 || col >= cols_)
+    throw GridError("The grid has no cell (" + std::to_string(row) + ", " + std::to_string(col) +
+                    ").");
+  return static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) +
+         static_cast<std::size_t>(col);
+}
+
+}  // namespace tela

@@ -1,0 +1,75 @@
+// The grid of a screen: first of all a table of strings, row 0 the header. Totals, staging rows,
+// exports and drill-down keys are read back from it; a window only mirrors it.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace tela {
+
+/// A cell or a row count outside the grid's limits. A failure of the action, not of the program.
+class GridError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// The last row number that a grid can have: row counters are 16-bit signed.
+inline constexpr int kLastGridRow = 32767;
+
+/// The painted part of a row.
+struct RowBand {
+  int first_col = 0;
+  int last_col = 0;
+  std::uint32_t colour = 0;  ///< 0xBBGGRR, blue in the high byte
+  bool operator==(const RowBand&) const = default;
+};
+
+class Grid {
+ public:
+  /// A fresh grid has 2 rows of empty cells, row 0 being the header. `fixed_cols` columns at the
+  /// left are shown as headers too.
+  explicit Grid(int cols, int fixed_cols = 0);
+
+  int Rows() const { return static_cast<int>(cells_.size()) / cols_; }
+  int Cols() const { return cols_; }
+  int FixedCols() const { return fixed_cols_; }
+
+  /// Adds empty rows at the end or drops the last ones. Throws GridError below 0 and above
+  /// kLastGridRow.
+  void SetRows(int rows);
+  /// Appends one empty row.
+  void AddItem() { SetRows(Rows() + 1); }
+
+  /// The text of a cell. Throws GridError if there is no such cell.
+  const std::string& TextMatrix(int row, int col) const { return cells_[index(row, col)]; }
+  void SetTextMatrix(int row, int col, std::string text);
+
+  /// A column's width in twips (1/1440 inch); 0 hides the column, which still holds its text.
+  int ColWidth(int col) const { return widths_.at(static_cast<std::size_t>(col)); }
+  void SetColWidth(int col, int twips) { widths_.at(static_cast<std::size_t>(col)) = twips; }
+
+  /// Empties every cell, the header's too, and takes the paint off. The row count stays.
+  void Clear();
+
+  /// The row under the selection.
+  int Row() const { return row_; }
+  void SetRow(int row) { row_ = row; }
+
+  void Paint(int row, RowBand band) { bands_[row] = band; }
+  const std::map<int, RowBand>& Bands() const { return bands_; }
+
+ private:
+  std::size_t index(int row, int col) const;
+
+  int cols_;
+  int fixed_cols_;
+  int row_ = 0;
+  std::vector<std::string> cells_;  // row by row
+  std::vector<int> widths_;
+  std::map<int, RowBand> bands_;
+};
+
+}  // namespace tela

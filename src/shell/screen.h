@@ -1,0 +1,114 @@
+// A screen: named controls with values, and what happens on each event. A window, a script and a
+// test drive it through the same calls; it decides everything, and the window mirrors it.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "shell/form.h"
+
+namespace tela {
+
+struct AppState;
+
+/// The keys that screens act on. All others have their ordinary meaning.
+enum class Key { enter, up };
+
+/// The user tried what the screen does not allow: a control that is not there, a disabled button,
+/// an entry that the list lacks.
+class UserActionError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+class Screen {
+ public:
+  /// `name` is the form's name, `caption` the window's.
+  Screen(AppState& app, std::string name, std::string caption, std::vector<Control> controls);
+  virtual ~Screen() = default;
+  Screen(const Screen&) = delete;
+  Screen& operator=(const Screen&) = delete;
+
+  const std::string& name() const { return name_; }
+  const std::string& caption() const { return caption_; }
+  const Form& form() const { return form_; }
+  Form& form() { return form_; }
+
+  /// Runs when the window is created, before it is shown. A failure in it closes the screen.
+  virtual void load() {}
+
+  // What the user does. Each runs one event to its end; a failure inside the event is told to the
+  // user and goes no further. All throw UserActionError for what cannot be done.
+
+  /// Types the whole text, picks the date ("dd/mm/yyyy") or sets the check ("0", "1").
+  void set(std::string_view control, std::string_view text);
+  /// Selects what the box holds and types the text over it, character by character.
+  void type(std::string_view control, std::string_view text);
+  /// Chooses an entry of a combo's or a list's entries; trailing blanks do not count.
+  void pick(std::string_view control, std::string_view entry);
+  void press(std::string_view control);
+  void key(std::string_view control, Key key);
+  void leave(std::string_view control);
+  /// Selects a row of a grid and double-clicks it.
+  void double_click(std::string_view control, int row);
+
+ protected:
+  using Handler = std::function<void()>;
+
+  AppState& app() const { return app_; }
+
+  // The definition of what happens. Each throws std::logic_error if the control is not declared, so
+  // that a wrong name shows as soon as the screen is made.
+  void on_press(std::string_view button, Handler handler);
+  void on_key(std::string_view control, Key key, Handler handler);
+  /// The control's text or date has changed, by the user or by the program.
+  void on_change(std::string_view control, Handler handler);
+  /// The user has chosen an entry of the control's list.
+  void on_pick(std::string_view control, Handler handler);
+  void on_leave(std::string_view control, Handler handler);
+  void on_double_click(std::string_view grid, Handler handler);
+  /// Enter in each control moves the focus to the next one.
+  void key_walk(const std::vector<std::string>& controls);
+
+  void set_caption(std::string caption) { caption_ = std::move(caption); }
+
+  /// Moves the focus to a control.
+  void focus(std::string_view control);
+
+ private:
+  enum class Event { press, enter, up, change, pick, leave, double_click };
+
+  void define(std::string_view control, Event event, Handler handler);
+  void raise(const Control& control, Event event);
+  Control& usable(std::string_view control);
+  void run(const std::function<void()>& event);
+  void take_input(Control& control, std::string_view text);
+
+  AppState& app_;
+  std::string name_;
+  std::string caption_;
+  Form form_;
+  std::map<std::pair<std::string, Event>, Handler> handlers_;
+};
+
+/// Makes a screen of its kind.
+using ScreenFactory = std::unique_ptr<Screen> (*)(AppState&);
+
+/// One line of the registry: a screen's name and how it is made.
+struct ScreenEntry {
+  std::string_view name;
+  ScreenFactory make;
+};
+
+/// The factory of a screen class.
+template <class T>
+std::unique_ptr<Screen> make_screen(AppState& app) {
+  return std::make_unique<T>(app);
+}
+
+}  // namespace tela
