@@ -1,8 +1,8 @@
 // The seam between the T-SQL front end and the engine that runs its output.
 //
-// compile() reads one T-SQL statement, checks every name and type against a schema, and gives
-// SQLite SQL with the server's meaning. The literals of the statement become parameters, so that
-// statements which differ in literals alone share one prepared statement.
+// compile() reads one T-SQL statement, checks every name and type against a schema, and gives SQLite
+// SQL with the server's meaning. The literals of the statement become parameters, so that statements
+// which differ in literals alone share one prepared statement.
 #pragma once
 
 #include <cstddef>
