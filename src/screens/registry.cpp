@@ -1,5 +1,6 @@
 #include "screens/registry.h"
 
+#include "screens/bill_sales/FrmBillView.h"
 #include "screens/bill_sales/frmDailyS_R.h"
 #include "screens/bill_sales/frmList.h"
 #include "screens/bill_sales/frmmonthlySR.h"
@@ -19,6 +20,7 @@ std::span<const ScreenEntry> all_screens() {
   static constexpr ScreenEntry kScreens[] = {
       {"frmDailyS_R", make_screen<frmDailyS_R>},
       {"frmmonthlySR", make_screen<frmmonthlySR>},
+      {"FrmBillView", make_screen<FrmBillView>},
       {"frmList", make_screen<frmList>},
       {"frmdailyIwiseSR", make_screen<frmdailyIwiseSR>},
       {"frmItemSalesReport", make_screen<frmItemSalesReport>},

@@ -1,0 +1,183 @@
+#include "screens/bill_sales/FrmBillView.h"
+
+#include "platform/text/number_text.h"
+#include "platform/text/strings.h"
+#include "report_framework/bill_reprint.h"
+#include "shell/app_state.h"
+#include "shell/database_gateway.h"
+#include "shell/failure.h"
+
+namespace tela {
+
+namespace {
+
+const std::string kMoney = "########0.00";
+
+// The boxes that show a field of the header, in the order in which the screen reads them.
+struct HeaderBox {
+  std::string name;
+  std::string label;
+  CellSource source;
+};
+
+const std::vector<HeaderBox>& header_boxes() {
+  static const std::vector<HeaderBox> kBoxes = {
+      {"tBillNo", "BILL No.", trimmed_field(0)},
+      {"tDate", "BILL DATE", date_field(1, "DD/MM/YYYY")},
+      {"tTime", "TIME", time_field(2, "HH:MM:SS AM/PM")},
+      {"tCounterNo", "COUNTER", field(3)},
+      {"tUser", "USER", trimmed_field(4)},
+      {"tCustomerCode", "CUSTOMER ID", field(5)},
+      {"tBillTo", "TO ", trimmed_field(6)},
+      {"tOpPoints", "OPENING POINTS", number_field(7, kMoney)},
+      {"tBillPoints", "BILL POINTS", number_field(8, kMoney)},
+      {"tClPoints", "CLOSING POINTS", number_field(9, kMoney)},
+      {"tDiscount", "DISCOUNT", number_field(10, kMoney)},
+      {"tTotal", "TOTAL", number_field(11, kMoney)},
+      {"tCashPaid", "CASH PAID ", number_field(12, kMoney)},
+      {"tCardPaid", "CREDIT CARD ", number_field(13, kMoney)},
+      {"tMealsPass", "MEALS PASS", number_field(14, kMoney)},
+      {"tMobilePay", "MOBILE PAYMENT", number_field(15, kMoney)},
+      {"tPointsUsed", "POINTS USED", number_field(16, kMoney)},
+      {"tCashReturned", "CASH CHANGE", number_field(17, kMoney)},
+      {"tBillType", "BILL TYPE  ", trimmed_field(19)},
+  };
+  return kBoxes;
+}
+
+const std::vector<std::string> kPayments = {"tCashPaid", "tCardPaid", "tMealsPass", "tMobilePay",
+                                            "tPointsUsed"};
+
+GridColumns grid_columns() {
+  return {
+      {"S.No.", 500, row_number()},
+      {"CODE", 1200, field(0)},
+      {"ITEM NAME", 4800, field(1)},
+      {"MRP", 1200, number_field(2, kMoney)},
+      {"Sale Rate", 1200, number_field(3, kMoney)},
+      {"QTY", 1000, number_field(4, kMoney)},
+      {"NET AMT", 1200, number_field(5, kMoney)},
+  };
+}
+
+std::vector<Control> controls() {
+  std::vector<Control> all;
+  all.push_back(text_box("tSearch", "SEARCH").numeric());
+  all.push_back(button("cmdView", "&View"));
+  all.push_back(button("cmdNext", "&NEXT BILL"));
+  all.push_back(button("CmdPrevious", "PREVIOUS "));
+  all.push_back(button("cmdprint", "&Print"));
+  all.push_back(button("cmdRefresh", "&REFRESH"));
+  all.push_back(button("cmdClose", "E&XIT"));
+  all.push_back(grid("MSHF", 7, 1));
+  for (const HeaderBox& box : header_boxes()) all.push_back(text_box(box.name, box.label));
+  all.push_back(text_box("tTotalPaid", "TOTAL PAID "));
+  all.push_back(text_box("tTotalQty", "TOTAL QTY"));
+  all.push_back(text_box("tMrpTotal", "MRP TOTAL"));
+  all.push_back(text_box("tSaved", "SAVED"));
+  for (Control& control : all) {
+    if (control.name != "tBillNo") continue;
+    control.numeric_only = true;
+    control.select_on_focus = true;
+  }
+  return all;
+}
+
+}  // namespace
+
+FrmBillView::FrmBillView(AppState& app)
+    : GridReport(app, "FrmBillView", "SPECIAL BILL VIEW", controls(), grid_columns(), {}) {
+  on_key("tBillNo", Key::enter, [this] { focus("cmdView"); });
+  on_press("cmdView", [this] { view(); });
+  on_press("cmdNext", [this] { step(1); });
+  on_press("CmdPrevious", [this] { step(-1); });
+  on_press("cmdprint", [this] { print(); });
+  refresh_on("cmdRefresh");
+  close_on("cmdClose");
+}
+
+std::string FrmBillView::lines_sql(const std::string& bill) {
+  return "Select icode,iname,mrp,saleRate,sum(qty),sum(qty) * saleRate from sales where billno =" +
+         bill + " group by icode,iname,mrp,saleRate order by iname";
+}
+
+std::string FrmBillView::header_sql(const std::string& bill) {
+  return "Select billno,billdate,BillTime,Counter,Staff,CustCode,CustName,OpPoints,BillPoints,"
+         "ClPoints,DiscAmount,Total,CashPaid,CardPaid,MealsPaid,MobilePay,PointsUsed,cashret,"
+         "uhsaved,BillType from salesTemp where billno=" +
+         bill;
+}
+
+void FrmBillView::load() {
+  GridReport::load();
+  const std::string bill = std::to_string(app().SaleBillNo);
+  form().set_text("tSearch", bill);
+  form().set_text("tBillNo", bill);
+  read_bill();
+}
+
+void FrmBillView::view() {
+  if (refuse_blank("tSearch", "Please Enter The Bill No", Icon::critical)) return;
+  guarded([this] { read_bill(); },
+          [this](const std::runtime_error&) {
+            tell("No Bill No Found", Icon::critical);
+            ClearAll();
+          });
+}
+
+void FrmBillView::read_bill() {
+  const std::string bill = form().text("tSearch");
+  empty_grid(grid());
+  OpenRs(app(), lines_sql(bill));
+  FillGrid();
+  CloseRs(app());
+  OpenRs(app(), header_sql(bill));
+  fill_boxes();
+  CloseRs(app());
+  RowHeading();
+  total_lines();
+}
+
+// A bill number that does not exist is no failure: its boxes are blank. A gap in the numbers is
+// walked over that way.
+void FrmBillView::fill_boxes() {
+  if (app().Rs->eof()) return ClearAll();
+  for (const HeaderBox& box : header_boxes())
+    form().set_text(box.name, cell_text(app().Rs->field(box.source.field), box.source));
+}
+
+void FrmBillView::total_lines() {
+  const std::string mask = "##########0.00";
+  std::string quantity = "0";
+  std::string mrp_total = "0";
+  for (int row = 1; row < grid().Rows(); ++row) {
+    const double sold = Val(grid().TextMatrix(row, 5));
+    quantity = format_number(Val(quantity) + sold, mask);
+    mrp_total = format_number(Val(mrp_total) + Val(grid().TextMatrix(row, 3)) * sold, mask);
+  }
+  form().set_text("tTotalQty", quantity);
+  form().set_text("tMrpTotal", mrp_total);
+  form().set_text("tSaved",
+                  format_number(Val(mrp_total) - Val(form().text("tTotal")), "#########0.00"));
+  double paid = 0;
+  for (const std::string& payment : kPayments) paid += Val(form().text(payment));
+  form().set_text("tTotalPaid", format_number(paid, "######0.00"));
+}
+
+void FrmBillView::step(int by) {
+  form().set_text("tSearch", plain_number(Val(form().text("tSearch")) + by));
+  form().set_text("tBillNo", form().text("tSearch"));
+  view();
+}
+
+void FrmBillView::print() {
+  if (!ask("DO YOU WANT TO PRINT THE LAST BILL- (OK To PRINT, Cancel To EXIT) ")) return;
+  reprint_bill(app(), form());
+}
+
+void FrmBillView::ClearAll() {
+  for (const HeaderBox& box : header_boxes())
+    if (box.name != "tBillNo") form().set_text(box.name, "");
+}
+
+}  // namespace tela
