@@ -2,6 +2,7 @@
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -307,6 +308,8 @@ void TdsServer::serve() {
   while (!stopping_) {
     const int client = accept(listener_, nullptr, nullptr);
     if (client < 0) return;
+    const int at_once = 1;
+    setsockopt(client, IPPROTO_TCP, TCP_NODELAY, &at_once, sizeof at_once);
     client_ = client;
     deaf_ = false;
     converse(client);
