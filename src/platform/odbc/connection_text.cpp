@@ -4,26 +4,18 @@
 #include <array>
 #include <cstddef>
 
+#include "platform/text/ascii.h"
+
 namespace tela::odbc {
 namespace {
 
 constexpr std::array<std::string_view, 2> kPasswordKeys = {"pwd", "password"};
 constexpr std::string_view kMask = "***";
 
-char lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool same_key(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return lower(x) == lower(y); });
-}
-
 std::string_view trim(std::string_view text) {
-  constexpr std::string_view blanks = " \t\r\n";
-  const std::size_t first = text.find_first_not_of(blanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+  while (!text.empty() && is_blank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && is_blank(text.back())) text.remove_suffix(1);
+  return text;
 }
 
 /// The length of the value at the start of `text`, up to its ';' or the end. In braces a ';'
@@ -60,7 +52,7 @@ void replace_all(std::string& text, std::string_view what, std::string_view by) 
 void mask_values(std::string& text, std::string_view key) {
   for (std::size_t at = text.find('='); at != std::string::npos; at = text.find('=', at + 1)) {
     if (at < key.size() ||
-        !same_key(std::string_view(text).substr(at - key.size(), key.size()), key))
+        !equal_ignoring_case(std::string_view(text).substr(at - key.size(), key.size()), key))
       continue;
     text.replace(at + 1, value_length(std::string_view(text).substr(at + 1)), kMask);
   }
@@ -86,13 +78,13 @@ ConnectionText::ConnectionText(std::string_view text) {
 
 std::string ConnectionText::value(std::string_view key) const {
   for (const auto& [name, value] : entries_)
-    if (same_key(name, key)) return value;
+    if (equal_ignoring_case(name, key)) return value;
   return {};
 }
 
 bool ConnectionText::has(std::string_view key) const {
   return std::any_of(entries_.begin(), entries_.end(),
-                     [&](const auto& entry) { return same_key(entry.first, key); });
+                     [&](const auto& entry) { return equal_ignoring_case(entry.first, key); });
 }
 
 std::string with_catalogue(std::string odbc_text, std::string_view catalogue) {

@@ -14,7 +14,7 @@ constexpr std::chrono::seconds kLoginTimeout{15};
 
 /// ODBC passes small numbers where a pointer is declared.
 SQLPOINTER as_pointer(std::intptr_t number) {
-  return reinterpret_cast<SQLPOINTER>(number);
+  return reinterpret_cast<SQLPOINTER>(number);  // NOLINT(performance-no-int-to-ptr)
 }
 
 EnvironmentHandle make_environment() {
