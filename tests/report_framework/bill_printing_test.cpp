@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 
 #include <cstdio>
+#include <utility>
 
 #include "report_framework/bill_stream.h"
 

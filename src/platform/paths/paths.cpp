@@ -7,19 +7,12 @@
 #include <utility>
 #include <vector>
 
+#include "platform/text/ascii.h"
+
 namespace tela {
 namespace {
 
 namespace fs = std::filesystem;
-
-char lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool equal_without_case(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return lower(x) == lower(y); });
-}
 
 std::string environment(const char* name) {
   const char* value = std::getenv(name);
@@ -57,7 +50,7 @@ fs::path entry_of(const fs::path& folder, const std::string& name) {
   std::vector<std::string> matches;
   for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
     std::string entry = it->path().filename().string();
-    if (equal_without_case(entry, name)) matches.push_back(std::move(entry));
+    if (equal_ignoring_case(entry, name)) matches.push_back(std::move(entry));
   }
   if (matches.empty()) return folder / name;
   return folder / *std::min_element(matches.begin(), matches.end());
