@@ -73,9 +73,6 @@ class ReportDocument {
   virtual const std::string& font_family() const = 0;
   /// The page of that number, from 1 to page_count(), made on demand.
   virtual ReportPage page(int number) const = 0;
-  /// The first page at or after `from_page` (from 1) that holds `text` in one of its texts, letters
-  /// compared without case (A to Z); 0 if none does.
-  virtual int find_text(std::string_view text, int from_page) const = 0;
   /// Writes all rows of the query with a header line: UTF-8, comma, quotes where a field needs them
   /// (RFC 4180), a null as an empty field, dates yyyy-mm-dd, times HH:MM:SS, decimal point.
   virtual void write_csv(std::ostream& out) const = 0;
