@@ -1,0 +1,140 @@
+// Selects in SQLite's words.
+#include <algorithm>
+
+#include "platform/tsql/emitter.h"
+#include "platform/tsql/functions.h"
+#include "platform/tsql/types.h"
+
+namespace tela::tsql {
+namespace {
+
+std::string_view join_words(JoinKind join) {
+  switch (join) {
+    case JoinKind::first:
+      return "";
+    case JoinKind::comma:
+      return ", ";
+    case JoinKind::inner:
+    case JoinKind::cross:  // the engine's own "cross join" fixes the order of the loops
+      return " JOIN ";
+    case JoinKind::left:
+      return " LEFT JOIN ";
+    case JoinKind::right:
+      return " RIGHT JOIN ";
+    case JoinKind::full:
+      return " FULL JOIN ";
+  }
+  return "";
+}
+
+// Whether the rows of a union are compared with each other.
+bool compares_rows(const Select& select) {
+  for (const Select* core = &select; core->union_with; core = core->union_with.get()) {
+    if (!core->union_all) return true;
+  }
+  return false;
+}
+
+bool holds_aggregate(const ExprPtr& expr) {
+  if (expr->function != nullptr && expr->function->kind == FunctionKind::aggregate) return true;
+  return std::ranges::any_of(expr->args, holds_aggregate);
+}
+
+}  // namespace
+
+void Emitter::emit(const Select& select) {
+  emit_query(select, ItemNames::none);
+}
+
+void Emitter::emit_query(const Select& select, ItemNames names) {
+  if (!select.union_with) {
+    emit_core(select, names, select.distinct);
+    emit_order_by(select);
+    emit_limit(select);
+    return;
+  }
+  const bool is_compared = compares_rows(select);
+  for (const Select* core = &select; core != nullptr; core = core->union_with.get()) {
+    if (core->top) write("SELECT * FROM (");
+    emit_core(*core, names, is_compared || core->distinct);
+    emit_limit(*core);
+    if (core->top) write(")");
+    if (core->union_with) write(core->union_all ? " UNION ALL " : " UNION ");
+  }
+  emit_order_by(select);
+}
+
+void Emitter::emit_core(const Select& select, ItemNames names, bool is_compared) {
+  write(select.distinct ? "SELECT DISTINCT " : "SELECT ");
+  for (const SelectItem& item : select.items) {
+    if (&item != &select.items.front()) write(", ");
+    is_compared ? emit_compared(*item.value) : emit(*item.value);
+    if (names == ItemNames::none) continue;
+    write(" AS ");
+    write_name(item.alias.empty() ? item.value->name : item.alias);
+  }
+  if (!select.from.empty()) {
+    write(" FROM ");
+    emit_from(select.from);
+  }
+  if (select.where) {
+    write(" WHERE ");
+    emit(*select.where);
+  }
+  if (!select.group_by.empty()) {
+    write(" GROUP BY ");
+    for (const ExprPtr& key : select.group_by) {
+      if (&key != &select.group_by.front()) write(", ");
+      emit_compared(*key);
+    }
+  }
+  if (select.having) {
+    write(" HAVING ");
+    emit(*select.having);
+    // Without a group and an aggregate the engine takes it for no grouped select.
+    if (select.group_by.empty() && !holds_aggregate(select.having)) write(" AND count(*) >= 0");
+  }
+}
+
+void Emitter::emit_from(const std::vector<TableRef>& tables) {
+  for (const TableRef& table : tables) {
+    write(join_words(table.join));
+    emit_table(table);
+    if (!table.on) continue;
+    write(" ON ");
+    emit(*table.on);
+  }
+}
+
+void Emitter::emit_table(const TableRef& table) {
+  if (table.derived) {
+    write("(");
+    emit_query(*table.derived, ItemNames::columns);
+    write(")");
+  } else {
+    write_table(table.info->name);
+  }
+  write(" AS ");
+  write_alias(table.source);
+}
+
+void Emitter::emit_order_by(const Select& select) {
+  for (const OrderItem& order : select.order_by) {
+    write(&order == &select.order_by.front() ? " ORDER BY " : ", ");
+    if (order.item) {
+      write_number(*order.item + 1);
+      if (is_text(select.items[*order.item].value->type)) write(" COLLATE TELA");
+    } else {
+      emit_compared(*order.value);
+    }
+    if (order.descending) write(" DESC");
+  }
+}
+
+void Emitter::emit_limit(const Select& select) {
+  if (!select.top) return;
+  write(" LIMIT ");
+  write(select.top->value.text);
+}
+
+}  // namespace tela::tsql

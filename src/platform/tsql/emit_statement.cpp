@@ -1,0 +1,174 @@
+// Statements that change rows or tables, in SQLite's words.
+#include <algorithm>
+
+#include "platform/tsql/emitter.h"
+#include "platform/tsql/types.h"
+
+namespace tela::tsql {
+namespace {
+
+// The alias under which the engine changes a table that the statement also reads.
+constexpr int changed_source = 0;
+
+bool holds_subquery(const ExprPtr& expr) {
+  return expr && (expr->select || std::ranges::any_of(expr->args, holds_subquery));
+}
+
+// Whether an update reads anything but the row that it changes. The engine then has to read all
+// before it changes the first, as the server does.
+bool reads_other_rows(const Update& update) {
+  return update.from.size() > 1 || holds_subquery(update.where) ||
+         std::ranges::any_of(update.assignments, [](const auto& assignment) {
+           return holds_subquery(assignment.value);
+         });
+}
+
+}  // namespace
+
+std::string quoted_name(std::string_view name) {
+  std::string quoted = "\"";
+  for (const char c : name) {
+    quoted += c;
+    if (c == '"') quoted += c;
+  }
+  return quoted + '"';
+}
+
+bool is_temporary(std::string_view table) {
+  return table.starts_with('#');
+}
+
+std::string table_name(std::string_view name) {
+  return (is_temporary(name) ? "temp." : "main.") + quoted_name(name);
+}
+
+void Emitter::write_name(std::string_view name) {
+  write(quoted_name(name));
+}
+
+void Emitter::write_table(std::string_view name) {
+  write(table_name(name));
+}
+
+void Emitter::write_alias(int source) {
+  write("t");
+  write(std::to_string(source));
+}
+
+void Emitter::emit_column_list(const std::vector<std::string>& columns) {
+  write("(");
+  for (const std::string& column : columns) {
+    if (&column != &columns.front()) write(", ");
+    write_name(column);
+  }
+  write(")");
+}
+
+void Emitter::emit(const Insert& insert) {
+  write("INSERT INTO ");
+  write_table(insert.info->name);
+  write(" ");
+  emit_column_list(insert.columns);
+  if (insert.select) {
+    write(" ");
+    return emit(*insert.select);
+  }
+  write(" VALUES ");
+  for (const auto& row : insert.rows) {
+    write(&row == &insert.rows.front() ? "(" : ", (");
+    emit_list(row);
+    write(")");
+  }
+}
+
+void Emitter::emit_assignments(const Update& update) {
+  write(" SET ");
+  for (const Assignment& assignment : update.assignments) {
+    if (&assignment != &update.assignments.front()) write(", ");
+    write_name(assignment.column);
+    write(" = ");
+    emit(*assignment.value);
+  }
+}
+
+void Emitter::emit(const Update& update) {
+  const bool joins_itself = reads_other_rows(update);
+  write("UPDATE ");
+  write_table(update.info->name);
+  write(" AS ");
+  write_alias(joins_itself ? changed_source : update.source);
+  emit_assignments(update);
+  if (joins_itself) {
+    write(" FROM ");
+    emit_from(update.from);
+    write(" WHERE ");
+    write_alias(changed_source);
+    write(".rowid = ");
+    write_alias(update.source);
+    write(".rowid");
+  }
+  if (!update.where) return;
+  write(joins_itself ? " AND " : " WHERE ");
+  emit(*update.where);
+}
+
+void Emitter::emit(const Delete& deletion) {
+  const bool reads_others = deletion.from.size() > 1;
+  write("DELETE FROM ");
+  write_table(deletion.info->name);
+  if (reads_others) {
+    write(" WHERE rowid IN (SELECT ");
+    write_alias(deletion.source);
+    write(".rowid FROM ");
+    emit_from(deletion.from);
+  } else {
+    write(" AS ");
+    write_alias(deletion.source);
+  }
+  if (deletion.where) {
+    write(" WHERE ");
+    emit(*deletion.where);
+  }
+  if (reads_others) write(")");
+}
+
+void Emitter::emit(const CreateTable& create) {
+  write(is_temporary(create.table) ? "CREATE TEMP TABLE " : "CREATE TABLE ");
+  write_name(create.table);
+  write(" (");
+  for (const ColumnDefinition& column : create.columns) {
+    if (&column != &create.columns.front()) write(", ");
+    write_name(column.name);
+    write(" " + column_declaration(column.type));
+    if (column.not_null) write(" NOT NULL");
+    if (column.primary_key) write(" PRIMARY KEY");
+    if (column.unique) write(" UNIQUE");
+  }
+  if (!create.primary_key.empty()) {
+    write(", PRIMARY KEY ");
+    emit_column_list(create.primary_key);
+  }
+  write(")");
+}
+
+void Emitter::emit(const CreateIndex& create) {
+  write(create.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ");
+  write(is_temporary(create.table) ? "temp." : "main.");
+  write_name(create.name);
+  write(" ON ");
+  write_name(create.table);
+  write(" (");
+  for (const CreateIndex::Column& column : create.columns) {
+    if (&column != &create.columns.front()) write(", ");
+    write_name(column.name);
+    if (column.descending) write(" DESC");
+  }
+  write(")");
+}
+
+void Emitter::emit(const DropTable& drop) {
+  write("DROP TABLE ");
+  write_table(drop.table);
+}
+
+}  // namespace tela::tsql

@@ -1,0 +1,11 @@
+// Changes of a bound tree that keep its meaning and suit the engine better.
+#pragma once
+
+#include "platform/tsql/ast.h"
+
+namespace tela::tsql {
+
+/// Applies every rewrite, in their order, to a bound select and to all selects below it.
+void rewrite(Select& select);
+
+}  // namespace tela::tsql
