@@ -41,12 +41,14 @@ class OdbcConnection final : public Connection {
 
   template <class Action>
   auto guarded(Action action, std::string_view link_lost = kNothingStored);
-  void require_session() const;
+  void connect();
+  void require_session();
   void require_transaction(const char* words) const;
   void require_not_gone() const;
   bool server_dropped_transaction();
 
   std::string text_;
+  std::string catalogue_;
   DriverText form_;
   std::chrono::seconds timeout_ = kDefaultTimeout;
   std::unique_ptr<odbc::Session> session_;
@@ -58,17 +60,21 @@ class OdbcConnection final : public Connection {
 void OdbcConnection::open(std::string_view connection_string) {
   if (session_) throw DatabaseError(Kind::other, "The connection is open already.");
   const odbc::ConnectionText asked(connection_string);
-  const std::string text = odbc::with_catalogue(text_, asked.value("Initial Catalog"));
-  session_ = std::make_unique<odbc::Session>(text, form_);
-  lost_ = false;
+  catalogue_ = asked.value("Initial Catalog");
   transaction_ = Transaction::none;
+  connect();
 }
 
-void OdbcConnection::require_session() const {
+void OdbcConnection::connect() {
+  session_ = std::make_unique<odbc::Session>(odbc::with_catalogue(text_, catalogue_), form_);
+  lost_ = false;
+}
+
+/// A lost connection is made anew by the next statement, so that one action fails and not the day.
+void OdbcConnection::require_session() {
   if (session_) return;
-  throw DatabaseError(Kind::connection,
-                      lost_ ? "The connection to the server is lost. Log in again to reconnect."
-                            : "The connection is not open.");
+  if (!lost_) throw DatabaseError(Kind::connection, "The connection is not open.");
+  connect();
 }
 
 void OdbcConnection::require_transaction(const char* words) const {

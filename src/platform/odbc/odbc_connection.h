@@ -20,9 +20,9 @@ enum class DriverText { wide, utf8 };
 /// where the string names neither a data source nor a database. No message that it throws holds the
 /// string's password.
 ///
-/// A lost connection fails its statement with Kind::connection, and all that follow, until open()
-/// connects anew. A transaction that the server dropped fails every statement until
-/// rollback_trans(), so that none of them is stored by itself.
+/// A lost connection fails its statement with Kind::connection; the next one connects anew. A
+/// transaction that was open then, or that the server dropped by itself, fails every statement
+/// until rollback_trans(), so that none of them is stored by itself.
 std::unique_ptr<Connection> make_odbc_connection(std::string connection_string,
                                                  DriverText text = DriverText::wide);
 
