@@ -54,7 +54,9 @@ class Pdf : public testing::Test {
   std::string text() const { return output_of("pdftotext -layout " + path_ + " -"); }
   std::string info() const { return output_of("pdfinfo " + path_); }
 
-  const std::string path_ = testing::TempDir() + "report_qt_test.pdf";
+  /// Each test has a file of its own, since they may run side by side.
+  const std::string path_ =
+      testing::TempDir() + testing::UnitTest::GetInstance()->current_test_info()->name() + ".pdf";
 };
 
 TEST_F(Pdf, HoldsAllPagesAndTexts) {
