@@ -1,0 +1,41 @@
+#include "platform/embedded/command_clock.h"
+
+#include <algorithm>
+#include <thread>
+
+namespace tela::embedded {
+namespace {
+
+// SQLite asks after so many steps of its machine: well under a millisecond.
+constexpr int steps_between_questions = 10'000;
+
+}  // namespace
+
+void CommandClock::watch(Database& database) {
+  sqlite3_busy_handler(database.handle(), &CommandClock::keep_waiting, this);
+  sqlite3_progress_handler(database.handle(), steps_between_questions, &CommandClock::stop, this);
+}
+
+void CommandClock::start(std::chrono::seconds limit) {
+  end_ = limit.count() == 0 ? Clock::time_point::max() : Clock::now() + limit;
+  waits_ = true;
+}
+
+void CommandClock::start_without_waiting() {
+  end_ = Clock::time_point::max();
+  waits_ = false;
+}
+
+int CommandClock::keep_waiting(void* self, int attempt) {
+  const auto& clock = *static_cast<const CommandClock*>(self);
+  if (!clock.waits_ || Clock::now() >= clock.end_) return 0;
+  // Short naps at first: a till's commit is over within milliseconds.
+  std::this_thread::sleep_for(std::chrono::milliseconds(std::min(1 + attempt, 10)));
+  return 1;
+}
+
+int CommandClock::stop(void* self) {
+  return Clock::now() >= static_cast<const CommandClock*>(self)->end_ ? 1 : 0;
+}
+
+}  // namespace tela::embedded

@@ -1,0 +1,72 @@
+// One open embedded catalogue: the Connection that runs T-SQL on SQLite.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string_view>
+#include <utility>
+
+#include "platform/database/database_client.h"
+#include "platform/embedded/catalogue_schema.h"
+#include "platform/embedded/command_clock.h"
+#include "platform/embedded/log_keeper.h"
+#include "platform/embedded/sqlite_handles.h"
+#include "platform/embedded/statement_cache.h"
+#include "platform/embedded/transaction.h"
+
+namespace tela {
+
+class EmbeddedSession : public Connection {
+ public:
+  explicit EmbeddedSession(std::filesystem::path file) : file_(std::move(file)) {}
+  ~EmbeddedSession() override;
+
+  /// Opens the session's file; the connection string has chosen it already.
+  void open(std::string_view connection_string) override;
+  void set_cursor_location(CursorLocation) override {}
+  void set_command_timeout(std::chrono::seconds timeout) override;
+  RowSet execute(std::string_view sql) override;
+  void begin_trans() override;
+  void commit_trans() override;
+  void rollback_trans() override;
+  bool in_transaction() const override;
+
+  // What the tools need beyond T-SQL.
+
+  embedded::Database& database();
+  const embedded::CatalogueSchema& schema();
+  /// Readies the open transaction for rows that are written past execute().
+  void enter_for_writing();
+  /// To be called when such a row has failed.
+  void note_failure(const DatabaseError& error);
+
+ private:
+  /// What exists while the file is open. The clock and the log keeper are watched by the database,
+  /// so they outlive it.
+  struct OpenFile {
+    explicit OpenFile(const std::filesystem::path& file);
+
+    embedded::CommandClock clock;
+    embedded::LogKeeper log;
+    embedded::Database database;
+    embedded::CatalogueSchema schema;
+    embedded::StatementCache cache;
+    embedded::Transaction transaction;
+  };
+
+  OpenFile& opened() const;
+  void notice_schema_changes();
+  embedded::CachedStatement& prepare(std::string_view sql, const tsql::Normalized& statement);
+  RowSet run(std::string_view sql);
+  RowSet select(embedded::CachedStatement& statement, const tsql::Normalized& literals);
+  void change(embedded::CachedStatement& statement, const tsql::Normalized& literals);
+  void insert_aside(embedded::CachedStatement& statement, const tsql::Normalized& literals);
+  void define(const tsql::Compiled& compiled, std::string_view sql);
+  void tend_log();
+
+  std::filesystem::path file_;
+  std::chrono::seconds timeout_{30};
+  std::unique_ptr<OpenFile> open_;
+};
+
+}  // namespace tela

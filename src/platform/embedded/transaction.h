@@ -1,0 +1,74 @@
+// The client's transaction over SQLite's: begun late, with the least lock that serves, and never
+// silently gone.
+#pragma once
+
+#include <string>
+
+#include "platform/embedded/sqlite_handles.h"
+#include "platform/embedded/write_turns.h"
+
+namespace tela::embedded {
+
+/// What a statement touches: the catalogue, or only this connection's temporary tables (it may read
+/// the catalogue).
+enum class Reach { catalogue, temporary };
+
+class Transaction {
+ public:
+  explicit Transaction(Database& database) : database_(database) {}
+
+  /// Takes no lock yet: the first statement decides which one.
+  void begin();
+  void commit();
+  void rollback();
+  bool is_open() const { return state_ != State::none; }
+
+  /// Throws if the engine had to undo the open transaction, so that what was meant to be one whole
+  /// is not half done.
+  void require_standing() const;
+
+  /// To be called before a statement runs. The first one that reaches the catalogue, if only by
+  /// reading, takes the right to write at once: another program's commit between its reading and a
+  /// later change would make the change impossible. Temporary tables are filled without it, so that
+  /// a long run does not hold up the tills.
+  void enter(Reach reach);
+
+  /// Whether SQLite has a transaction open for it.
+  bool is_entered() const { return state_ == State::entered; }
+
+  /// To be called when a statement has failed: notices what the engine undid with it.
+  void note_failure(const std::string& reason);
+
+ private:
+  friend class AtomicStep;
+  enum class State { none, begun, entered, undone };
+
+  void require_open() const;
+  void take_write_lock();
+  /// Ends what SQLite has open by "COMMIT" or "ROLLBACK".
+  void end(const char* sql);
+
+  Database& database_;
+  WriteTurns turns_;
+  State state_ = State::none;
+  std::string undone_because_;
+};
+
+/// Undoes what is done in its scope unless it is kept: a part of the open transaction, else one of
+/// its own, which reaches the catalogue.
+class AtomicStep {
+ public:
+  explicit AtomicStep(Transaction& transaction);
+  ~AtomicStep();
+  AtomicStep(const AtomicStep&) = delete;
+  AtomicStep& operator=(const AtomicStep&) = delete;
+
+  void keep();
+
+ private:
+  Transaction& transaction_;
+  bool nested_;
+  bool kept_ = false;
+};
+
+}  // namespace tela::embedded
