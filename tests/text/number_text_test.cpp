@@ -108,6 +108,14 @@ TEST(DecimalRounding, GoesHalfAwayFromZeroOnTheDecimal) {
   }
 }
 
+TEST(DecimalRounding, TakesAnyNumberOfPlaces) {
+  for (const double value : {1.25, 1e300, -4.9406564584124654e-324}) {
+    EXPECT_EQ(round_decimal(value, std::numeric_limits<int>::max()), Val(plain_number(value)));
+    EXPECT_EQ(round_decimal(value, std::numeric_limits<int>::min()), 0);
+  }
+  EXPECT_TRUE(std::isnan(round_decimal(std::nan(""), 2)));
+}
+
 TEST(FormatNumber, FollowsTheMask) {
   struct Case {
     double value;

@@ -14,6 +14,9 @@ namespace {
 
 constexpr int kDigits = 15;
 
+// No double has a digit of its decimal beyond these places.
+constexpr int kMostPlaces = 400;
+
 constexpr std::array<std::int64_t, kDigits + 1> kPowersOfTen = [] {
   std::array<std::int64_t, kDigits + 1> powers{1};
   for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * 10;
@@ -90,10 +93,10 @@ std::string not_finite_text(double value) {
 // `decimal`, which is rounded to `places`, with that many decimals and `least_digits` ahead of
 // them.
 std::string fixed_text(const Decimal& decimal, int places, int least_digits) {
-  const auto decimals = static_cast<std::size_t>(std::max(places, 0));
+  const int trailing_zeros = decimal.digits == 0 ? 0 : decimal.exponent + std::max(places, 0);
   std::string text = std::to_string(decimal.digits);
-  if (decimal.digits != 0)
-    text.append(static_cast<std::size_t>(decimal.exponent + static_cast<int>(decimals)), '0');
+  text.append(static_cast<std::size_t>(trailing_zeros), '0');
+  const auto decimals = static_cast<std::size_t>(std::max(places, 0));
   const std::size_t least = decimals + static_cast<std::size_t>(std::max(least_digits, 1));
   if (text.size() < least) text.insert(0, least - text.size(), '0');
   if (decimals > 0) text.insert(text.size() - decimals, 1, '.');
@@ -103,6 +106,7 @@ std::string fixed_text(const Decimal& decimal, int places, int least_digits) {
 
 std::string fixed_text(double value, int places, int least_digits) {
   if (!std::isfinite(value)) return not_finite_text(value);
+  places = std::clamp(places, -kMostPlaces, kMostPlaces);
   return fixed_text(rounded(to_decimal(value), places), places, least_digits);
 }
 
@@ -134,15 +138,7 @@ std::string plain_number(std::int64_t value) {
 }
 
 double round_decimal(double value, int places) {
-  if (!std::isfinite(value)) return value;
-  const Decimal decimal = rounded(to_decimal(value), places);
-  std::array<char, 32> text;
-  char* end = std::to_chars(text.data(), text.data() + text.size(), decimal.digits).ptr;
-  *end++ = 'e';
-  end = std::to_chars(end, text.data() + text.size(), decimal.exponent).ptr;
-  double result = 0;
-  std::from_chars(text.data(), end, result);
-  return decimal.negative && decimal.digits != 0 ? -result : result;
+  return std::isfinite(value) ? Val(fixed_decimal(value, places)) : value;
 }
 
 std::string fixed_decimal(double value, int places) {
