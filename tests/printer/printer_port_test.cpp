@@ -102,6 +102,9 @@ TEST_F(PrinterPortTest, FindsANameAmongThePorts) {
   }
   print("com1");
   EXPECT_EQ(contents(root_ / "bill.bin"), kBill);
+  fs::rename(root_ / "ports/COM1", root_ / "ports/Back Office");
+  print("back office", "another bill");
+  EXPECT_EQ(contents(root_ / "bill.bin"), "another bill");
 }
 
 TEST_F(PrinterPortTest, SaysWhyAPortCannotBeOpened) {

@@ -39,9 +39,10 @@ std::unique_ptr<PrinterPort> open_port(std::string_view name, const Paths& paths
   if (path.is_absolute()) return open_file_port(path, for_path(path));
 
   if (name.ends_with(':')) name.remove_suffix(1);
-  if (is_queue_name(name)) {
+  if (name.find_first_of("/\\") == std::string_view::npos) {
     const fs::path port = paths.resolve("ports\\" + std::string(name));
-    return is_there(port) ? open_file_port(port, IfMissing::fail) : open_queue_port(name);
+    if (is_there(port)) return open_file_port(port, IfMissing::fail);
+    if (is_queue_name(name)) return open_queue_port(name);
   }
   throw PrinterError(PrinterError::Kind::cannot_open,
                      "\"" + std::string(name) + "\" is not the name of a printer port.");
