@@ -97,6 +97,7 @@ void Binder::bind_order_by(Select& select, Scope* scope) {
     });
     if (item != select.items.end()) {
       pin_literals(order.value);
+      pin_literals(item->value);
       order.item = static_cast<std::size_t>(item - select.items.begin());
     } else if (select.distinct) {
       throw_syntax("ORDER BY items must appear in the select list if SELECT DISTINCT is specified.",

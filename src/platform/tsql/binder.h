@@ -83,7 +83,7 @@ class Binder {
   void bind_order_by(Select& select, Scope* scope);
   bool bind_order_by_name(const Select& select, OrderItem& item) const;
   void check_grouping(Select& select);
-  void check_grouped(ExprPtr& expr, const Select& select, bool is_nested, std::string_view clause);
+  void check_grouped(ExprPtr& expr, Select& select, bool is_nested, std::string_view clause);
   void pin_literals(ExprPtr& expr);
 
   // Statements.

@@ -40,6 +40,14 @@ bool holds_aggregate(const ExprPtr& expr) {
   return std::ranges::any_of(expr->args, holds_aggregate);
 }
 
+// A select that is one group by its having alone; the engine looks for an aggregate among the
+// columns.
+bool is_group_without_sign(const Select& select) {
+  return select.is_grouped && select.group_by.empty() &&
+         std::ranges::none_of(select.items,
+                              [](const SelectItem& item) { return holds_aggregate(item.value); });
+}
+
 }  // namespace
 
 void Emitter::emit(const Select& select) {
@@ -66,9 +74,12 @@ void Emitter::emit_query(const Select& select, ItemNames names) {
 
 void Emitter::emit_core(const Select& select, ItemNames names, bool is_compared) {
   write(select.distinct ? "SELECT DISTINCT " : "SELECT ");
+  const bool lacks_aggregate = is_group_without_sign(select);
+  if (lacks_aggregate) write("CASE WHEN count(*) >= 0 THEN ");
   for (const SelectItem& item : select.items) {
     if (&item != &select.items.front()) write(", ");
     is_compared ? emit_compared(*item.value) : emit(*item.value);
+    if (lacks_aggregate && &item == &select.items.front()) write(" END");
     if (names == ItemNames::none) continue;
     write(" AS ");
     write_name(item.alias.empty() ? item.value->name : item.alias);
@@ -77,10 +88,7 @@ void Emitter::emit_core(const Select& select, ItemNames names, bool is_compared)
     write(" FROM ");
     emit_from(select.from);
   }
-  if (select.where) {
-    write(" WHERE ");
-    emit(*select.where);
-  }
+  emit_where(select.where);
   if (!select.group_by.empty()) {
     write(" GROUP BY ");
     for (const ExprPtr& key : select.group_by) {
@@ -91,8 +99,6 @@ void Emitter::emit_core(const Select& select, ItemNames names, bool is_compared)
   if (select.having) {
     write(" HAVING ");
     emit(*select.having);
-    // Without a group and an aggregate the engine takes it for no grouped select.
-    if (select.group_by.empty() && !holds_aggregate(select.having)) write(" AND count(*) >= 0");
   }
 }
 

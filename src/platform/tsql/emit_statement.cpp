@@ -7,15 +7,11 @@
 namespace tela::tsql {
 namespace {
 
-// The alias under which the engine changes a table that the statement also reads.
-constexpr int changed_source = 0;
-
 bool holds_subquery(const ExprPtr& expr) {
   return expr && (expr->select || std::ranges::any_of(expr->args, holds_subquery));
 }
 
-// Whether an update reads anything but the row that it changes. The engine then has to read all
-// before it changes the first, as the server does.
+// Whether an update reads anything but the row that it changes.
 bool reads_other_rows(const Update& update) {
   return update.from.size() > 1 || holds_subquery(update.where) ||
          std::ranges::any_of(update.assignments, [](const auto& assignment) {
@@ -81,7 +77,12 @@ void Emitter::emit(const Insert& insert) {
   }
 }
 
-void Emitter::emit_assignments(const Update& update) {
+void Emitter::emit(const Update& update) {
+  write("UPDATE ");
+  write_table(update.info->name);
+  write(" AS ");
+  if (reads_other_rows(update)) return emit_joined_update(update);
+  write_alias(update.source);
   write(" SET ");
   for (const Assignment& assignment : update.assignments) {
     if (&assignment != &update.assignments.front()) write(", ");
@@ -89,27 +90,39 @@ void Emitter::emit_assignments(const Update& update) {
     write(" = ");
     emit(*assignment.value);
   }
+  emit_where(update.where);
 }
 
-void Emitter::emit(const Update& update) {
-  const bool joins_itself = reads_other_rows(update);
-  write("UPDATE ");
-  write_table(update.info->name);
-  write(" AS ");
-  write_alias(joins_itself ? changed_source : update.source);
-  emit_assignments(update);
-  if (joins_itself) {
-    write(" FROM ");
-    emit_from(update.from);
-    write(" WHERE ");
-    write_alias(changed_source);
-    write(".rowid = ");
-    write_alias(update.source);
-    write(".rowid");
+// The new values come from a select, which is read to its end before the first row changes.
+void Emitter::emit_joined_update(const Update& update) {
+  write("changed SET ");
+  std::size_t number = 0;
+  for (const Assignment& assignment : update.assignments) {
+    if (number > 0) write(", ");
+    write_name(assignment.column);
+    write(" = source.value");
+    write_number(++number);
   }
-  if (!update.where) return;
-  write(joins_itself ? " AND " : " WHERE ");
-  emit(*update.where);
+  write(" FROM (SELECT ");
+  write_alias(update.source);
+  write(".rowid AS target");
+  number = 0;
+  for (const Assignment& assignment : update.assignments) {
+    write(", ");
+    emit(*assignment.value);
+    write(" AS value");
+    write_number(++number);
+  }
+  write(" FROM ");
+  emit_from(update.from);
+  emit_where(update.where);
+  write(") AS source WHERE changed.rowid = source.target");
+}
+
+void Emitter::emit_where(const ExprPtr& condition) {
+  if (!condition) return;
+  write(" WHERE ");
+  emit(*condition);
 }
 
 void Emitter::emit(const Delete& deletion) {
@@ -125,10 +138,7 @@ void Emitter::emit(const Delete& deletion) {
     write(" AS ");
     write_alias(deletion.source);
   }
-  if (deletion.where) {
-    write(" WHERE ");
-    emit(*deletion.where);
-  }
+  emit_where(deletion.where);
   if (reads_others) write(")");
 }
 

@@ -61,7 +61,8 @@ class Emitter {
 
   // Statements.
   void emit_column_list(const std::vector<std::string>& columns);
-  void emit_assignments(const Update& update);
+  void emit_joined_update(const Update& update);
+  void emit_where(const ExprPtr& condition);
 
   void write(std::string_view text) { sql_ += text; }
   void write_number(std::size_t number) { sql_ += std::to_string(number); }

@@ -59,11 +59,12 @@ void Binder::check_grouping(Select& select) {
   }
 }
 
-void Binder::check_grouped(ExprPtr& expr, const Select& select, bool is_nested,
+void Binder::check_grouped(ExprPtr& expr, Select& select, bool is_nested,
                            std::string_view clause) {
-  for (const ExprPtr& key : select.group_by) {
+  for (ExprPtr& key : select.group_by) {
     if (!same_meaning(*key, *expr)) continue;
     pin_literals(expr);
+    pin_literals(key);
     expr->is_group_key = !is_nested;
     return;
   }
@@ -84,7 +85,7 @@ void Binder::check_grouped(ExprPtr& expr, const Select& select, bool is_nested,
                       [&](ExprPtr& inner) { check_grouped(inner, select, true, clause); });
 }
 
-// What was found equal by its text is so for this text alone; the key's literals say the same.
+// What was found equal by its literals is so for these alone.
 void Binder::pin_literals(ExprPtr& expr) {
   for_each_node(expr, [&](ExprPtr& node) {
     if (node->kind == ExprKind::literal && !node->literal.is_foreign) {

@@ -88,7 +88,11 @@ Token Lexer::take(TokenKind kind, std::size_t length) {
 Token Lexer::take_quoted(TokenKind kind, std::size_t quote) {
   const char close = sql_[quote] == '[' ? ']' : sql_[quote];
   for (std::size_t i = quote + 1; (i = sql_.find(close, i)) != std::string_view::npos; i += 2) {
-    if (at(i + 1) != close) return take(kind, i + 1 - position_);
+    if (at(i + 1) == close) continue;
+    const Token token = take(kind, i + 1 - position_);
+    if (token.text.find('\0') == std::string_view::npos) return token;
+    throw CompileError(CompileError::Kind::syntax, "Incorrect syntax near a null character.",
+                       token.position);
   }
   throw CompileError(CompileError::Kind::syntax,
                      "Unclosed quotation mark after the character string '" +

@@ -110,6 +110,7 @@ Statement Parser::parse_drop() {
 
 // type := name [( number | max [, number] )]
 std::string Parser::parse_type() {
+  if (cursor_.current().kind != TokenKind::word) cursor_.fail("a type");
   std::string type = cursor_.expect_name("a type");
   if (!cursor_.accept("(")) return type;
   type += '(';

@@ -51,7 +51,8 @@ SelectPtr Parser::parse_select_core() {
 // top := top n | top (n)
 LiteralRef Parser::parse_top() {
   const bool is_bracketed = cursor_.accept("(");
-  if (cursor_.current().kind != TokenKind::integer) cursor_.fail("a number of rows");
+  const Token& number = cursor_.current();
+  if (number.kind != TokenKind::integer || number.text[0] == '-') cursor_.fail("a number of rows");
   LiteralRef count = cursor_.take_literal();
   if (is_bracketed) cursor_.expect(")");
   return count;

@@ -122,7 +122,9 @@ Execute Parser::parse_execute() {
       cursor_.expect("=");
     }
     argument.value = parse_sign();
-    if (argument.value->kind != ExprKind::literal && argument.value->kind != ExprKind::null_value) {
+    const Expr& value =
+        argument.value->kind == ExprKind::unary ? *argument.value->args[0] : *argument.value;
+    if (value.kind != ExprKind::literal && value.kind != ExprKind::null_value) {
       cursor_.fail("a literal as argument");
     }
     execute.arguments.push_back(std::move(argument));

@@ -45,6 +45,7 @@ std::vector<ExprPtr> match_arguments(const CreateProcedure& procedure, const Exe
                      parameter.name + "', which was not supplied.",
                  execute.position);
     }
+    if (values[i]->kind != ExprKind::literal) continue;
     values[i]->type = parse_type_name(parameter.type);
     values[i]->type.length = 0;
   }

@@ -1,0 +1,93 @@
+// Every statement of the system, and the server's meaning where SQLite alone would differ, through
+// the embedded connection, on the catalogue's own schema with the small set of rows of rows.txt.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+
+#include "embedded/statement_script.h"
+#include "platform/embedded/embedded_catalogue.h"
+#include "platform/text/date_text.h"
+#include "platform/text/number_text.h"
+
+namespace tela {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string source_text(const std::string& name) {
+  std::ifstream file(fs::path(TELA_SOURCE_DIR) / name);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+struct FieldText {
+  std::string operator()(std::monostate) const { return "null"; }
+  std::string operator()(const std::string& text) const { return "'" + text + "'"; }
+  std::string operator()(double number) const { return plain_number(number); }
+  std::string operator()(std::int64_t number) const { return plain_number(number); }
+  std::string operator()(Date date) const { return format_date(date, "yyyy-mm-dd"); }
+  std::string operator()(TimeOfDay time) const { return format_time(time, "HH:MM:SS"); }
+};
+
+std::vector<std::string> row_texts(const RowSet& rows) {
+  std::vector<std::string> texts;
+  for (const auto& row : rows.rows) {
+    std::string text;
+    for (const Value& field : row) {
+      if (!text.empty()) text += '|';
+      text += std::visit(FieldText{}, field);
+    }
+    texts.push_back(text);
+  }
+  return texts;
+}
+
+class Statements : public testing::TestWithParam<const char*> {
+ protected:
+  Statements() {
+    fs::remove_all(folder_);
+    fs::create_directories(folder_);
+    std::vector<std::string> texts;
+    for (const char* name : {"schema", "staging", "procedures", "start_rows", "indexes"}) {
+      texts.push_back(source_text("catalogue/" + std::string(name) + ".sql"));
+    }
+    const std::vector<std::string_view> scripts(texts.begin(), texts.end());
+    create_embedded_catalogue(file(), scripts);
+    connection_ = make_embedded_connection(file());
+    connection_->open("");
+    for (const auto& statement : test::read_script("rows.txt")) connection_->execute(statement.sql);
+  }
+  ~Statements() override {
+    connection_.reset();
+    fs::remove_all(folder_);
+  }
+
+  fs::path file() const { return folder_ / "TelaData.db"; }
+
+  void run(const test::ScriptedStatement& statement) {
+    try {
+      const RowSet rows = connection_->execute(statement.sql);
+      EXPECT_EQ(statement.error, "") << "no error came";
+      EXPECT_EQ(row_texts(rows), statement.rows);
+    } catch (const DatabaseError& error) {
+      EXPECT_EQ(std::string(error.what()), statement.error);
+    }
+  }
+
+  fs::path folder_ = fs::temp_directory_path() / ("tela_statements_" + std::string(GetParam()));
+  std::unique_ptr<Connection> connection_;
+};
+
+TEST_P(Statements, GiveTheirRows) {
+  const std::string script = std::string(GetParam()) + ".txt";
+  for (const auto& statement : test::read_script(script)) {
+    SCOPED_TRACE(script + ":" + std::to_string(statement.line) + ": " + statement.sql);
+    run(statement);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Scripts, Statements, testing::Values("statements", "meaning"),
+                         [](const auto& script) { return std::string(script.param); });
+
+}  // namespace
+}  // namespace tela

@@ -1,0 +1,130 @@
+// What a statement becomes: the engine's SQL, the parameters and the result columns.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/tsql/compiler.h"
+#include "tsql/memory_schema.h"
+
+namespace tela::tsql {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class Compile : public testing::Test {
+ protected:
+  Compiled compiled(std::string_view sql) const { return compile(sql, schema_); }
+  test::MemorySchema schema_ = test::MemorySchema::of_catalogue();
+};
+
+TEST_F(Compile, WritesTheEnginesSql) {
+  const struct {
+    const char* sql;
+    const char* sqlite;
+  } cases[] = {
+      {"select billno from SALESTEMP where billdate>='05/Jan/2024' and Staff='RAVI'",
+       R"(SELECT t1."BillNo" FROM main."SalesTemp" AS t1 WHERE ((t1."BillDate" >= ?1) AND (t1."Staff" = ?2 COLLATE TELA)))"},
+      {"select distinct Catagory from Items order by Catagory desc",
+       R"(SELECT min(t1."Catagory" COLLATE TELA_SPELLING) FROM main."Items" AS t1 GROUP BY t1."Catagory" COLLATE TELA ORDER BY 1 COLLATE TELA DESC)"},
+      {"select iCode,sum(Qty)/2 as Half from Sales group by iCode order by Half",
+       R"(SELECT t1."iCode", tela_div(sum(t1."Qty"), ?1) FROM main."Sales" AS t1 GROUP BY t1."iCode" ORDER BY 2)"},
+      {"select top 3 month(BillDate),5/2 from Sales S left join Items on S.iCode=Items.iCode",
+       R"(SELECT (t1."BillDate" / 100 % 100), tela_int_div(?1, ?2) FROM main."Sales" AS t1 LEFT JOIN main."Items" AS t2 ON (t1."iCode" = t2."iCode") LIMIT 3)"},
+      {"insert into #CostCompare values(1),(-2.5)",
+       R"(INSERT INTO temp."#CostCompare" ("SaleRate") VALUES (?1), (?2))"},
+      {"insert into HsnGstReport (iHSNcode,Qty) select iName,str(Qty) from Sales",
+       R"(INSERT INTO main."HsnGstReport" ("iHSNcode", "Qty") SELECT tela_fit_text(t1."iName", 20, 'HsnGstReport', 'iHSNcode'), tela_to_real(tela_str(t1."Qty")) FROM main."Sales" AS t1)"},
+      {"update Items set Stock=0 where stock<0",
+       R"(UPDATE main."Items" AS t1 SET "Stock" = ?1 WHERE (t1."Stock" < ?2))"},
+      {"update Sales set iHSNcode=I.iHSNcode from Sales S join Items I on S.iCode=I.iCode",
+       R"(UPDATE main."Sales" AS changed SET "iHSNcode" = source.value1 FROM (SELECT t1.rowid AS target, t2."iHSNcode" AS value1 FROM main."Sales" AS t1 JOIN main."Items" AS t2 ON (t1."iCode" = t2."iCode")) AS source WHERE changed.rowid = source.target)"},
+      {"delete Sales from Sales join Items on Sales.iCode=Items.iCode",
+       R"(DELETE FROM main."Sales" WHERE rowid IN (SELECT t1.rowid FROM main."Sales" AS t1 JOIN main."Items" AS t2 ON (t1."iCode" = t2."iCode")))"},
+      {"create table #A ([my \"col] varchar(max) not null, n numeric(18,0) primary key)",
+       R"(CREATE TEMP TABLE "#A" ("my ""col" text NOT NULL, "n" numeric(18,0) PRIMARY KEY))"},
+  };
+  for (const auto& row : cases) EXPECT_EQ(compiled(row.sql).sqlite_sql, row.sqlite) << row.sql;
+}
+
+TEST_F(Compile, TurnsLiteralsIntoWhatTheyMeet) {
+  const Compiled result = compiled(
+      "insert into SalesPrint (FromDate,CounterName,BillNo,Total) "
+      "values('05/Jan/2024','x',7,2.5)");
+  EXPECT_THAT(result.parameters,
+              ElementsAre(Parameter{0, {TypeKind::date}, "SalesPrint", "FromDate"},
+                          Parameter{1, {TypeKind::text, 100}, "SalesPrint", "CounterName"},
+                          Parameter{2, {TypeKind::decimal, 0, 18, 0}, "SalesPrint", "BillNo"},
+                          Parameter{3, {TypeKind::real}, "SalesPrint", "Total"}));
+  EXPECT_EQ(result.kind, StatementKind::insert);
+  EXPECT_EQ(result.target, "SalesPrint");
+  EXPECT_FALSE(result.target_is_temporary);
+}
+
+TEST_F(Compile, ResultColumnsKeepNamesAndTypes) {
+  const Compiled result = compiled(
+      "select billno,min(BillDate)'From',sum(Total),count(*),str(1),case when 1=1 then 1 else 2.5 "
+      "end,"
+      "isnull(max(BillTime),'10:00') as T from SalesTemp group by billno");
+  std::vector<std::string> names;
+  std::vector<TypeKind> kinds;
+  for (const ResultColumn& column : result.columns) {
+    names.push_back(column.name);
+    kinds.push_back(column.type.kind);
+  }
+  EXPECT_THAT(names, ElementsAre("billno", "From", "", "", "", "", "T"));
+  EXPECT_THAT(kinds,
+              ElementsAre(TypeKind::decimal, TypeKind::date, TypeKind::real, TypeKind::integer,
+                          TypeKind::text, TypeKind::decimal, TypeKind::time));
+}
+
+TEST_F(Compile, PartsAnInsertFromASelect) {
+  const Compiled result =
+      compiled("Insert into ProfitPercent execute spGetProfitNew '01/Jan/2024','31/Jan/2024'");
+  EXPECT_EQ(result.sqlite_sql.substr(result.sqlite_sql.size() - result.source_sql.size()),
+            result.source_sql);
+  EXPECT_THAT(result.source_sql, testing::StartsWith("SELECT t1.\"iCode\""));
+  EXPECT_EQ(compiled("insert into #CostCompare select SaleRate from Sales").insert_row_sql,
+            "INSERT INTO temp.\"#CostCompare\" (\"SaleRate\") VALUES (?1)");
+  EXPECT_THAT(result.parameters, ElementsAre(Parameter{0, {TypeKind::date}, "", ""},
+                                             Parameter{1, {TypeKind::date}, "", ""}));
+}
+
+TEST_F(Compile, SyntaxErrorsTellWhatWasFoundWhereAndWhatWasExpected) {
+  const struct {
+    const char* sql;
+    const char* message;
+  } cases[] = {
+      {"", "Incorrect syntax at the end of the statement (position 1): expected a statement."},
+      {"selec 1", "Incorrect syntax near 'selec' (position 1): expected a statement."},
+      {"select",
+       "Incorrect syntax at the end of the statement (position 7): expected an expression."},
+      {"select a from", "at the end of the statement (position 14): expected a table."},
+      {"select a where b = ", "(position 20): expected an expression."},
+      {"select (1", "(position 10): expected ')'."},
+      {"select 1 from T order date", "near 'date' (position 23): expected 'by'."},
+      {"insert into T values(1,,2)", "near ',' (position 24): expected an expression."},
+      {"select case when 1=1 then 2", "(position 28): expected 'end'."},
+      {"select 1 2", "near '2' (position 10): expected the end of the statement."},
+      {"select 'open", "Unclosed quotation mark after the character string 'open'."},
+      {"select 1 /* open", "Missing end comment mark '*/'."},
+      {"select ?", "Incorrect syntax near '?'."},
+      {"select a=1+ from T", "near 'from' (position 13): expected an expression."},
+      {"select iCode from Items where mrp",
+       "a context where a condition is expected (position 31)."},
+      {"select (mrp=1) from Items", "A condition stands where a value is expected (position 9)."},
+      {"create table #Q (a color)", "Type color is not a defined system type."},
+      {"create table #Q (a int, A int)",
+       "Column name 'a' in table '#Q' is specified more than once."},
+  };
+  for (const auto& row : cases) {
+    try {
+      compiled(row.sql);
+      ADD_FAILURE() << row.sql;
+    } catch (const CompileError& error) {
+      EXPECT_THAT(error.what(), HasSubstr(row.message)) << row.sql;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tela::tsql
