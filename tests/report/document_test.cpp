@@ -74,6 +74,10 @@ struct PageCase {
   int on_last_page;
 };
 
+void PrintTo(const PageCase& pages, std::ostream* out) {
+  *out << pages.records << " records";
+}
+
 class Pagination : public testing::TestWithParam<PageCase> {};
 
 TEST_P(Pagination, FillsPagesToTheLastRow) {

@@ -33,9 +33,9 @@ TEST(LayoutReader, ColumnsTakeTheirPlacesFromTheLeft) {
   EXPECT_TRUE(layout.striped);
   const Row& detail = layout.detail.rows.at(0);
   EXPECT_DOUBLE_EQ(detail.height, 5);
-  EXPECT_NEAR(detail.cells.at(1).x, 20.8, 1e-9);
-  EXPECT_NEAR(detail.cells.at(2).x, 277 - 30 + 0.8, 1e-9);
-  EXPECT_NEAR(detail.cells.at(2).width, 30 - 1.6, 1e-9);
+  EXPECT_NEAR(detail.cells.at(1).x, 21.1, 1e-9);
+  EXPECT_NEAR(detail.cells.at(2).x, 277 - 30 + 1.1, 1e-9);
+  EXPECT_NEAR(detail.cells.at(2).width, 30 - 2.2, 1e-9);
   EXPECT_EQ(layout.column_header.rows.at(0).cells.at(1).text.at(0).name, "Second");
   const Row& totals = layout.report_footer.rows.at(0);
   EXPECT_TRUE(totals.rule_above);
@@ -66,6 +66,10 @@ struct BadLayout {
   const char* text;
   const char* message;
 };
+
+void PrintTo(const BadLayout& layout, std::ostream* out) {
+  *out << layout.message;
+}
 
 class BrokenLayout : public testing::TestWithParam<BadLayout> {};
 

@@ -9,7 +9,7 @@ namespace tela {
 namespace {
 
 /// Kept free at both sides of a column, so that neighbours never touch.
-constexpr double padding = 0.8;
+constexpr double padding = 1.1;
 
 Cell column_cell(const LayoutColumn& column, TextStyle style) {
   Cell cell;
