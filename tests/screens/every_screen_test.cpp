@@ -1,0 +1,117 @@
+// Every screen of the registry is made and worked through on an empty and on a full catalogue.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "screens/registry.h"
+#include "shell/main_menu.h"
+#include "support/shop.h"
+
+namespace tela::testing {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+void add_trade(Shop& shop) {
+  shop.add_item(1, "Rice", "GRAINS", "Amma's Kitchen", -2, 30);
+  shop.add_item(2, "Soap 'Lily'", "SOAPS", "Farmer's Gold", 10, 8);
+  for (int day = 1; day <= 5; ++day)
+    shop.add({.number = day,
+              .date = "2024-01-0" + std::to_string(day),
+              .counter = day % 3 + 1,
+              .net = 100,
+              .total = 100,
+              .card = 40,
+              .lines = {{1, "Rice", 50, 45, 30, 2.125}, {2, "Soap 'Lily'", 12, 10, 8, -1}}});
+}
+
+// Fills the inputs with what a user would: the period, the first entry of each list, a number.
+std::string fill_inputs(const Screen& screen) {
+  std::string script;
+  for (const Control& control : screen.form().controls()) {
+    if (control.kind == ControlKind::date)
+      script += "set " + control.name + (control.name.ends_with('1') ? " 01" : " 05") +
+                std::string("/01/2024\n");
+    if (control.kind == ControlKind::combo && !control.items.empty())
+      script += "pick " + control.name + " " + control.items.back() + "\n";
+    if (control.kind == ControlKind::text && control.numeric_only && !control.locked)
+      script += "type " + control.name + " 1\n";
+  }
+  return script;
+}
+
+std::vector<std::string> buttons(const Screen& screen) {
+  std::vector<std::string> names;
+  for (const Control& control : screen.form().controls())
+    if (control.kind == ControlKind::button || control.kind == ControlKind::picture_button)
+      names.push_back(control.name);
+  return names;
+}
+
+void expect_no_failure(const std::vector<std::string>& lines, const std::string& where) {
+  for (const std::string& line : lines) {
+    EXPECT_THAT(line, Not(HasSubstr("could not be completed"))) << where;
+    EXPECT_THAT(line, Not(HasSubstr("\"error\""))) << where;
+  }
+}
+
+// Every button and every key of every field, once without input and once filled in. A button may
+// close or replace the screen, so the screen is opened anew before each.
+void work_through(Shop& shop, const std::string& name) {
+  shop.state().SaleBillNo = 2;
+  shop.run("open " + name);
+  const Screen* screen = shop.state().windows.find(name);
+  ASSERT_TRUE(screen) << name;
+  for (const std::string& button : buttons(*screen)) {
+    expect_no_failure(shop.run("open " + name + "\nanswer ok\npress " + button), name + button);
+    shop.run("open " + name);
+    const std::string inputs = fill_inputs(*shop.state().windows.find(name));
+    expect_no_failure(shop.run(inputs + "answer ok ok\npress " + button), name + "." + button);
+  }
+  shop.run("open " + name);
+  for (const Control& control : shop.state().windows.find(name)->form().controls()) {
+    if (!control.visible || !control.enabled) continue;
+    if (control.grid)
+      expect_no_failure(shop.run("switch " + name + "\ndoubleclick " + control.name + " 1"), name);
+    else
+      expect_no_failure(shop.run("switch " + name + "\nkey " + control.name + " enter\nkey " +
+                                 control.name + " up\nleave " + control.name),
+                        name);
+  }
+  shop.run("switch " + name + "\nclose");
+}
+
+class EveryScreen : public ::testing::TestWithParam<ScreenEntry> {};
+
+TEST_P(EveryScreen, WorksOnAnEmptyCatalogue) {
+  Shop shop;
+  work_through(shop, std::string(GetParam().name));
+}
+
+TEST_P(EveryScreen, WorksOnAFullCatalogueAtTheRestrictedLevel) {
+  Shop shop;
+  add_trade(shop);
+  shop.run("login KESTR KESTR");
+  work_through(shop, std::string(GetParam().name));
+}
+
+INSTANTIATE_TEST_SUITE_P(Registry, EveryScreen, ::testing::ValuesIn(all_screens()),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+TEST(Registry, NamesEachScreenAsItNamesItself) {
+  Shop shop;
+  for (const ScreenEntry& entry : all_screens())
+    EXPECT_EQ(entry.make(shop.state())->name(), entry.name);
+}
+
+TEST(Registry, TheMenuKnowsEveryScreenThatAPanelOpens) {
+  std::vector<std::string> from_menus;
+  for (const Menu& menu : main_menus())
+    for (const MenuEntry& entry : menu.entries) from_menus.push_back(entry.opens);
+  for (const Panel& panel : main_panels())
+    for (const MenuEntry& button : panel.buttons)
+      EXPECT_THAT(from_menus, ::testing::Contains(button.opens)) << button.name;
+}
+
+}  // namespace
+}  // namespace tela::testing

@@ -1,0 +1,120 @@
+#include "support/shop.h"
+
+#include <unistd.h>
+
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+#include "platform/catalogue/catalogue_client.h"
+#include "platform/embedded/embedded_catalogue.h"
+#include "platform/report/banded_engine.h"
+#include "platform/text/number_text.h"
+#include "screens/registry.h"
+#include "shell/database_gateway.h"
+
+namespace tela::testing {
+
+namespace {
+
+std::string file_text(const std::filesystem::path& file) {
+  std::ifstream in(file);
+  if (!in) throw std::runtime_error("cannot read " + file.string());
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+std::string list(std::initializer_list<double> numbers) {
+  std::string text;
+  for (const double number : numbers) text += "," + plain_number(number);
+  return text;
+}
+
+}  // namespace
+
+TemporaryFolder::TemporaryFolder() {
+  std::string name = (std::filesystem::temp_directory_path() / "tela-XXXXXX").string();
+  if (!mkdtemp(name.data())) throw std::runtime_error("cannot make a folder for a test");
+  path_ = name;
+}
+
+TemporaryFolder::~TemporaryFolder() {
+  std::error_code ignored;
+  std::filesystem::remove_all(path_, ignored);
+}
+
+void create_catalogue(const Paths& paths) {
+  const std::filesystem::path texts = std::filesystem::path(TELA_SOURCE_DIR) / "catalogue";
+  std::vector<std::string> scripts;
+  for (const char* name :
+       {"schema.sql", "staging.sql", "procedures.sql", "start_rows.sql", "indexes.sql"})
+    scripts.push_back(file_text(texts / name));
+  const std::vector<std::string_view> views(scripts.begin(), scripts.end());
+  create_embedded_catalogue(paths.embedded_catalogue("TelaData"), views);
+}
+
+Shop::Shop()
+    : paths_(folder_.path()),
+      display_([this](const Json& event) { printed_.push_back(event.dump()); }) {
+  create_catalogue(paths_);
+  platform_.make_connection = make_catalogue_factory(paths_);
+  platform_.today = [] {
+    return Date{std::chrono::year(2024), std::chrono::month(1), std::chrono::day(5)};
+  };
+  platform_.make_report_engine = [this] {
+    return std::make_unique<BandedReportEngine>(
+        ReportEngineParts{platform_.make_connection,
+                          [this](std::string_view folder) { return paths_.resolve(folder); },
+                          std::filesystem::path(TELA_SOURCE_DIR) / "reports",
+                          {}});
+  };
+  platform_.write_port = [this](const std::string& port, const std::string& bytes) {
+    printed_bytes_[port] += bytes;
+  };
+  windows_ = std::make_unique<Windows>(all_screens());
+  state_ = std::make_unique<AppState>(platform_, display_, *windows_);
+  windows_->create_login(*state_);
+}
+
+std::vector<std::string> Shop::run(const std::string& script) {
+  printed_.clear();
+  std::istringstream lines(script);
+  ScriptRunner(*state_, display_).run(lines);
+  return printed_;
+}
+
+Json Shop::show(const std::string& script) {
+  return Json::parse(run(script + "\nshow\n").back());
+}
+
+Json Shop::sql(const std::string& statement) {
+  const Json printed = Json::parse(run("sql " + statement).back());
+  if (printed.contains("error")) throw std::runtime_error(printed["error"].get<std::string>());
+  return printed.contains("rows") ? printed["rows"] : printed;
+}
+
+void Shop::add(const Bill& bill) {
+  sql("insert into SalesTemp (BillNo,BillDate,BillTime,Counter,Staff,BillType,NetAmount,DiscAmount,"
+      "Total,CashPaid,CardPaid,MealsPaid,MobilePay,PointsUsed) values (" +
+      std::to_string(bill.number) + ",'" + bill.date + "','" + bill.time + "'," +
+      std::to_string(bill.counter) + ",'" + sql_quoted(bill.staff) + "','" + bill.type + "'" +
+      list({bill.net, bill.discount, bill.total, bill.cash, bill.card, bill.meals, bill.mobile,
+            bill.points}) +
+      ")");
+  for (const Line& line : bill.lines)
+    sql("insert into Sales (BillNo,BillDate,Counter,iCode,iName,mrp,SaleRate,PurRate,Qty,Amount) "
+        "values (" +
+        std::to_string(bill.number) + ",'" + bill.date + "'," + std::to_string(bill.counter) + "," +
+        std::to_string(line.code) + ",'" + sql_quoted(line.name) + "'" +
+        list({line.mrp, line.sale_rate, line.pur_rate, line.qty, line.qty * line.sale_rate}) + ")");
+}
+
+void Shop::add_item(int code, const std::string& name, const std::string& category,
+                    const std::string& supplier, double stock, double pur_rate) {
+  sql("insert into Items (iCode,iName,Catagory,Supplier,Stock,PurRate) values (" +
+      std::to_string(code) + ",'" + sql_quoted(name) + "','" + sql_quoted(category) + "','" +
+      sql_quoted(supplier) + "'" + list({stock, pur_rate}) + ")");
+}
+
+}  // namespace tela::testing

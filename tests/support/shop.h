@@ -1,0 +1,84 @@
+// A shop for a test: an embedded catalogue in a folder of its own, and the whole program on it,
+// driven by scripts as the console drives it.
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "display/scripted/script_runner.h"
+#include "platform/paths/paths.h"
+#include "shell/app_state.h"
+#include "shell/windows.h"
+
+namespace tela::testing {
+
+/// A folder that goes away with the value.
+class TemporaryFolder {
+ public:
+  TemporaryFolder();
+  ~TemporaryFolder();
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+  const std::filesystem::path& path() const { return path_; }
+
+ private:
+  std::filesystem::path path_;
+};
+
+/// Creates the embedded catalogue of a platform root from the project's own schema, with its
+/// start-up rows and nothing else.
+void create_catalogue(const Paths& paths);
+
+/// A bill's header and lines as a test states them; what it leaves out is 0 or empty.
+struct Line {
+  int code = 0;
+  std::string name;
+  double mrp = 0, sale_rate = 0, pur_rate = 0, qty = 0;
+};
+struct Bill {
+  int number = 0;
+  std::string date = "2024-01-05";
+  std::string time = "10:00:00";
+  int counter = 1;
+  std::string staff = "ANU";
+  std::string type = "CASH/CREDIT";
+  double net = 0, discount = 0, total = 0, cash = 0, card = 0, meals = 0, mobile = 0, points = 0;
+  std::vector<Line> lines = {};
+};
+
+class Shop {
+ public:
+  Shop();
+
+  /// Runs a script and returns what it printed, one JSON object a line.
+  std::vector<std::string> run(const std::string& script);
+  /// Runs a script, then `show`, and returns that state.
+  Json show(const std::string& script = {});
+  /// Runs one statement and returns its rows, as `sql` prints them.
+  Json sql(const std::string& statement);
+
+  void add(const Bill& bill);
+  void add_item(int code, const std::string& name, const std::string& category,
+                const std::string& supplier, double stock = 0, double pur_rate = 0);
+
+  AppState& state() { return *state_; }
+  const Paths& paths() const { return paths_; }
+  /// What has been written to the printer port of that name.
+  const std::string& printed(const std::string& port) { return printed_bytes_[port]; }
+
+ private:
+  TemporaryFolder folder_;
+  Paths paths_;
+  Platform platform_;
+  std::vector<std::string> printed_;
+  std::map<std::string, std::string> printed_bytes_;
+  ScriptedDisplay display_;
+  std::unique_ptr<Windows> windows_;
+  std::unique_ptr<AppState> state_;
+};
+
+}  // namespace tela::testing
