@@ -31,7 +31,10 @@ void reprint_bill(AppState& app, const Form& form) {
   const BillPrintSettings settings{app.PrintTop, app.PrintEnd, app.BillLine1, app.BillLine2,
                                    app.BillLine3};
   const auto bytes = bill_bytes(app.PrintNo, bill_on_show(form), settings);
-  if (bytes) app.platform.write_port(app.PortNo, *bytes);
+  if (!bytes) return;
+  const auto port = app.platform.open_port(app.PortNo);
+  port->write(*bytes);
+  port->close();
 }
 
 }  // namespace tela

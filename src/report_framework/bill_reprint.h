@@ -13,7 +13,7 @@ namespace tela {
 PrintedBill bill_on_show(const Form& form);
 
 /// Prints the bill on show in the layout that `PrintNo` chooses; any number but 1 and 2 prints
-/// nothing. Throws std::runtime_error when the port cannot be opened or written.
+/// nothing. Throws PrinterError when the port cannot be opened or written.
 void reprint_bill(AppState& app, const Form& form);
 
 }  // namespace tela

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "platform/database/database_client.h"
+#include "platform/printer/printer_port.h"
 #include "platform/report/report_engine.h"
 
 namespace tela {
@@ -22,8 +23,7 @@ struct Platform {
   std::function<std::unique_ptr<ReportEngine>()> make_report_engine;
   /// Writes a report as a PDF file; empty where nothing can paint one.
   PdfWriter write_pdf;
-  /// Opens the printer port of that name, writes the bytes and closes it. Throws std::runtime_error.
-  std::function<void(const std::string& port, const std::string& bytes)> write_port;
+  PrinterPortOpener open_port;
 };
 
 struct AppState {

@@ -31,6 +31,16 @@ std::string list(std::initializer_list<double> numbers) {
   return text;
 }
 
+class MemoryPort : public PrinterPort {
+ public:
+  explicit MemoryPort(std::string& bytes) : bytes_(bytes) {}
+  void write(std::string_view bytes) override { bytes_ += bytes; }
+  void close() override {}
+
+ private:
+  std::string& bytes_;
+};
+
 }  // namespace
 
 TemporaryFolder::TemporaryFolder() {
@@ -69,8 +79,8 @@ Shop::Shop()
                           std::filesystem::path(TELA_SOURCE_DIR) / "reports",
                           {}});
   };
-  platform_.write_port = [this](const std::string& port, const std::string& bytes) {
-    printed_bytes_[port] += bytes;
+  platform_.open_port = [this](std::string_view name) {
+    return std::make_unique<MemoryPort>(printed_bytes_[std::string(name)]);
   };
   windows_ = std::make_unique<Windows>(all_screens());
   state_ = std::make_unique<AppState>(platform_, display_, *windows_);

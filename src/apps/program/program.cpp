@@ -1,10 +1,13 @@
 #include "apps/program/program.h"
 
 #include <ctime>
+#include <iostream>
 #include <utility>
 
+#include "apps/program/share_folder.h"
 #include "platform/catalogue/catalogue_client.h"
-#include "platform/printer/printer_port.h"
+#include "platform/printer/open_port.h"
+#include "platform/report/banded_engine.h"
 #include "screens/registry.h"
 
 namespace tela {
@@ -21,12 +24,22 @@ Date local_today() {
               std::chrono::day(static_cast<unsigned>(local.tm_mday))};
 }
 
+void log_line(std::string_view line) {
+  std::clog << line << std::endl;
+}
+
 }  // namespace
 
 Platform make_platform(const Paths& paths) {
   Platform platform;
   platform.make_connection = make_catalogue_factory(paths);
   platform.today = local_today;
+  platform.make_report_engine = [paths, connect = platform.make_connection] {
+    return std::make_unique<BandedReportEngine>(ReportEngineParts{
+        connect, [paths](std::string_view folder) { return paths.resolve(folder); },
+        share_folder("reports"), log_line});
+  };
+  platform.open_port = [paths](std::string_view name) { return open_port(name, paths); };
   return platform;
 }
 

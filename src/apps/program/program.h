@@ -8,7 +8,8 @@
 
 namespace tela {
 
-/// The platform of a real machine. An app may put its own in the place of a member, or around it.
+/// The platform of a real machine under a platform root. An app may put its own in the place of a
+/// member, or around it.
 Platform make_platform(const Paths& paths);
 
 class Program {

@@ -5,10 +5,12 @@
 #include <iostream>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "apps/program/program.h"
 #include "display/scripted/script_runner.h"
+#include "display/scripted/told_port.h"
 
 namespace {
 
