@@ -72,7 +72,10 @@ void work_through(Shop& shop, const std::string& name) {
   for (const Control& control : shop.state().windows.find(name)->form().controls()) {
     if (!control.visible || !control.enabled) continue;
     if (control.grid)
-      expect_no_failure(shop.run("switch " + name + "\ndoubleclick " + control.name + " 1"), name);
+      for (int row = 0; row < control.grid->Rows(); ++row)
+        expect_no_failure(shop.run("switch " + name + "\ndoubleclick " + control.name + " " +
+                                   std::to_string(row)),
+                          name);
     else
       expect_no_failure(shop.run("switch " + name + "\nkey " + control.name + " enter\nkey " +
                                  control.name + " up\nleave " + control.name),

@@ -60,7 +60,7 @@ TEST_F(ItemLists, APeriodByItemTakesTheListedCountersOnly) {
   EXPECT_THAT(shop.run("set Combo1 COUNTER-9\npress cmdView"),
               ElementsAre(HasSubstr("PLEASE SELECT THE COUNTER")));
   state = shop.show("pick Combo1 COUNTER-2\npress cmdView");
-  EXPECT_THAT(row(state, 1), ElementsAre("1", "1", "rice", "50.00", "45.00", "0.00", "0.00"));
+  EXPECT_THAT(row(state, 1), ElementsAre("1", "1", "Rice", "50.00", "45.00", "0.00", "0.00"));
 }
 
 TEST_F(ItemLists, NamesWithApostrophesReachTheFilterAndTheStaging) {

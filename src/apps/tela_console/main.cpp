@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <utility>
@@ -51,8 +52,10 @@ int run(const Options& options) {
     }
   }
   tela::ScriptedDisplay display(print);
-  tela::Program program(options.root ? tela::Paths(*options.root) : tela::Paths::from_environment(),
-                        display);
+  tela::Platform platform = tela::make_platform(options.root ? tela::Paths(*options.root)
+                                                             : tela::Paths::from_environment());
+  platform.open_port = tela::tell_printed(platform.open_port, display);
+  tela::Program program(std::move(platform), display);
   tela::ScriptRunner runner(program.state(), display);
   return runner.run(options.script ? file : std::cin) ? all_ran : a_command_failed;
 }

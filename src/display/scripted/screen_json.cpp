@@ -1,5 +1,7 @@
 #include "display/scripted/screen_json.h"
 
+#include <nlohmann/json.hpp>
+
 #include <cmath>
 
 #include "platform/text/date_text.h"

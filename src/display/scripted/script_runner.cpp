@@ -1,5 +1,7 @@
 #include "display/scripted/script_runner.h"
 
+#include <nlohmann/json.hpp>
+
 #include <charconv>
 #include <utility>
 

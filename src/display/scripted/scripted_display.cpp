@@ -1,5 +1,7 @@
 #include "display/scripted/scripted_display.h"
 
+#include <nlohmann/json.hpp>
+
 #include "shell/report_window.h"
 #include "shell/screen.h"
 

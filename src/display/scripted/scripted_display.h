@@ -4,7 +4,7 @@
 
 #include <deque>
 #include <functional>
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 
 #include "shell/display.h"

@@ -1,5 +1,7 @@
 #include "display/scripted/told_port.h"
 
+#include <nlohmann/json.hpp>
+
 #include <utility>
 
 namespace tela {

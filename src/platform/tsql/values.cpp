@@ -196,10 +196,8 @@ std::string str(double value, int width, int decimals) {
   constexpr int most_width = 8000;
   constexpr int most_decimals = 16;
   const auto room = static_cast<std::size_t>(std::clamp(width, 0, most_width));
-  for (int places = std::clamp(decimals, 0, most_decimals); places >= 0; --places) {
-    const std::string number = fixed_decimal(value, places);
-    if (number.size() <= room) return std::string(room - number.size(), ' ') + number;
-  }
+  const std::string number = fixed_decimal(value, std::clamp(decimals, 0, most_decimals));
+  if (number.size() <= room) return std::string(room - number.size(), ' ') + number;
   return std::string(room, '*');
 }
 

@@ -53,8 +53,8 @@ std::string time_text(std::int64_t stored_time);
 std::string fit_text(std::string_view text, int length, std::string_view table,
                      std::string_view column);
 
-/// `str`: right-aligned in `width` with `decimals`, rounded half away from zero; decimals that do
-/// not fit are left off; asterisks if the whole part does not fit.
+/// `str`: right-aligned in `width` with `decimals`, rounded half away from zero; a row of asterisks
+/// if that does not fit.
 std::string str(double value, int width, int decimals);
 
 /// `datename`: the English name of the month or the weekday, or the number of another part.
