@@ -26,8 +26,8 @@ bool is_there(const fs::path& path) {
 }
 
 // A path of the user's may be made; a device that is missing must not become a plain file.
-IfMissing for_path(const fs::path& path) {
-  return path.native().starts_with("/dev/") ? IfMissing::fail : IfMissing::create;
+IfMissing for_path(std::string_view path) {
+  return path.starts_with("/dev/") ? IfMissing::fail : IfMissing::create;
 }
 
 }  // namespace
@@ -35,8 +35,8 @@ IfMissing for_path(const fs::path& path) {
 std::unique_ptr<PrinterPort> open_port(std::string_view name, const Paths& paths) {
   name = trimmed(name);
   if (name.empty()) throw PrinterError(PrinterError::Kind::cannot_open, "No printer port is set.");
-  const fs::path path = is_drive_path(name) ? paths.resolve(name) : fs::path(name);
-  if (path.is_absolute()) return open_file_port(path, for_path(path));
+  if (is_drive_path(name)) return open_file_port(paths.resolve(name), IfMissing::create);
+  if (name.starts_with('/')) return open_file_port(name, for_path(name));
 
   if (name.ends_with(':')) name.remove_suffix(1);
   if (name.find_first_of("/\\") == std::string_view::npos) {
