@@ -1,0 +1,119 @@
+#include <unistd.h>
+
+#include <map>
+#include <string>
+
+#include "apps/tela_catalogue/commands/commands.h"
+#include "platform/catalogue_texts/catalogue_texts.h"
+#include "platform/embedded/embedded_catalogue.h"
+
+namespace tela {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Hands the rows to the catalogue, one inserter a table.
+class CatalogueSink : public demo::RowSink {
+ public:
+  explicit CatalogueSink(EmbeddedCatalogue& catalogue) : catalogue_(catalogue) {}
+
+  void add(std::string_view table, const demo::Row& row) override {
+    auto found = inserters_.find(table);
+    if (found == inserters_.end()) found = inserters_.emplace(table, inserter(table)).first;
+    found->second.add(row);
+  }
+
+ private:
+  BulkInserter inserter(std::string_view table) {
+    const tsql::TableInfo* info = catalogue_.find_table(table);
+    if (info == nullptr) throw std::logic_error("the demo fills no table " + std::string(table));
+    std::vector<std::string> columns;
+    for (const tsql::ColumnInfo& column : info->columns) columns.push_back(column.name);
+    return catalogue_.inserter(table, columns);
+  }
+
+  EmbeddedCatalogue& catalogue_;
+  std::map<std::string, BulkInserter, std::less<>> inserters_;
+};
+
+// A file beside the catalogue that gets the catalogue's name when it is whole, and is gone
+// otherwise.
+class UnfinishedFile {
+ public:
+  explicit UnfinishedFile(const fs::path& catalogue)
+      : catalogue_(catalogue), path_(catalogue.string() + "." + std::to_string(getpid()) + ".new") {
+    remove();
+  }
+  ~UnfinishedFile() { remove(); }
+  UnfinishedFile(const UnfinishedFile&) = delete;
+  UnfinishedFile& operator=(const UnfinishedFile&) = delete;
+
+  const fs::path& path() const { return path_; }
+
+  // A second name and not a renaming, since that would overwrite what stands there by now.
+  void finish() const {
+    std::error_code problem;
+    fs::create_hard_link(path_, catalogue_, problem);
+    if (!problem) return;
+    refuse_existing();
+    fs::rename(path_, catalogue_);
+  }
+
+  void refuse_existing() const {
+    if (!fs::exists(catalogue_)) return;
+    throw std::runtime_error(catalogue_.string() + " is there already and is left as it is");
+  }
+
+ private:
+  void remove() const {
+    std::error_code ignored;
+    for (const char* suffix : {"", "-journal", "-wal", "-shm"}) {
+      fs::remove(path_.string() + suffix, ignored);
+    }
+  }
+
+  fs::path catalogue_;
+  fs::path path_;
+};
+
+demo::DemoSummary fill(EmbeddedCatalogue& catalogue, const demo::DemoOptions& options,
+                       Messages& messages) {
+  CatalogueSink sink(catalogue);
+  Connection& connection = catalogue.connection();
+  connection.begin_trans();
+  const auto day_done = [&](int day) {
+    connection.commit_trans();
+    connection.begin_trans();
+    messages.progress([&](std::ostream& out) { out << "day " << day << " of " << options.days; });
+  };
+  const demo::DemoSummary summary = demo::make_demo(options, sink, day_done);
+  connection.execute("update bill_no set billno=" + std::to_string(summary.bills));
+  connection.commit_trans();
+  return summary;
+}
+
+}  // namespace
+
+void make_demo_catalogue(const fs::path& catalogue, const demo::DemoOptions& options,
+                         Messages& messages) {
+  const UnfinishedFile file(catalogue);
+  file.refuse_existing();
+  if (catalogue.has_parent_path()) fs::create_directories(catalogue.parent_path());
+
+  // The indexes come last: built once over all rows they cost a fraction of what each row would.
+  const auto scripts = catalogue_scripts();
+  create_embedded_catalogue(file.path(), scripts.first(scripts.size() - 1));
+  demo::DemoSummary summary;
+  {
+    EmbeddedCatalogue filled(file.path(), CatalogueUse::filling);
+    summary = fill(filled, options, messages);
+    messages.progress([](std::ostream& out) { out << "indexes"; });
+    filled.run_script(scripts.back());
+    filled.finish_filling();
+  }
+  file.finish();
+  messages.say("created " + catalogue.string() + ": " + std::to_string(summary.bills) +
+               " bills with " + std::to_string(summary.lines) + " lines");
+}
+
+}  // namespace tela

@@ -1,0 +1,62 @@
+// tela_catalogue: makes an embedded catalogue, fills it, reads it out and checks it.
+
+#include <unistd.h>
+
+#include <chrono>
+#include <ctime>
+#include <iostream>
+#include <vector>
+
+#include "apps/tela_catalogue/commands/arguments.h"
+#include "apps/tela_catalogue/commands/commands.h"
+#include "platform/paths/paths.h"
+
+namespace {
+
+tela::Date today() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  return std::chrono::year(local.tm_year + 1900) / (local.tm_mon + 1) / local.tm_mday;
+}
+
+bool run(const tela::CatalogueArguments& arguments, tela::Messages& messages) {
+  using tela::CatalogueCommand;
+  const tela::Paths paths =
+      arguments.root ? tela::Paths(*arguments.root) : tela::Paths::from_environment();
+  const auto catalogue = paths.embedded_catalogue("TelaData");
+  switch (arguments.command) {
+    case CatalogueCommand::create:
+      tela::create_catalogue(catalogue, messages);
+      return true;
+    case CatalogueCommand::demo:
+      tela::make_demo_catalogue(catalogue, arguments.demo, messages);
+      return true;
+    case CatalogueCommand::import_rows:
+      tela::import_table(catalogue, arguments.table, arguments.file, messages);
+      return true;
+    case CatalogueCommand::export_rows:
+      tela::export_table(catalogue, arguments.table, arguments.file, messages);
+      return true;
+    case CatalogueCommand::check:
+      return tela::check_catalogue(catalogue, messages);
+  }
+  return false;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  tela::Messages messages(std::cerr, isatty(STDERR_FILENO) != 0);
+  try {
+    const std::vector<std::string_view> words(argv + 1, argv + argc);
+    return run(tela::parse_arguments(words, today()), messages) ? 0 : 1;
+  } catch (const tela::UsageError& error) {
+    messages.say("tela_catalogue: " + std::string(error.what()));
+    messages.say(tela::usage_text());
+    return 2;
+  } catch (const std::exception& error) {
+    messages.say("tela_catalogue: " + std::string(error.what()));
+    return 1;
+  }
+}
