@@ -11,6 +11,7 @@
 #include "platform/database/database_client.h"
 #include "platform/odbc/server_file.h"
 #include "platform/odbc/wide_text.h"
+#include "support/temporary_folder.h"
 
 namespace tela::testing {
 namespace {
@@ -64,9 +65,6 @@ TEST(WideText, GoesBothWaysAndReplacesWhatIsNoText) {
 
 class ServerFile : public ::testing::Test {
  protected:
-  void SetUp() override { std::filesystem::create_directories(folder_); }
-  void TearDown() override { std::filesystem::remove_all(folder_); }
-
   void write(const std::string& text, std::filesystem::perms granted) const {
     std::ofstream(file_) << text;
     std::filesystem::permissions(file_, granted);
@@ -85,10 +83,7 @@ class ServerFile : public ::testing::Test {
 
   static constexpr auto kOwner =
       std::filesystem::perms::owner_read | std::filesystem::perms::owner_write;
-  std::filesystem::path folder_ =
-      std::filesystem::path(::testing::TempDir()) /
-      ("tela_server_" +
-       std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
+  TemporaryFolder folder_;
   std::filesystem::path file_ = folder_ / "TelaData.odbc";
 };
 

@@ -2,12 +2,12 @@
 // connection owes, whatever stands behind it.
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <memory>
 #include <string>
 
 #include "database/connection_contract.h"
 #include "platform/odbc/odbc_connection.h"
+#include "support/temporary_folder.h"
 
 namespace tela::testing {
 namespace {
@@ -15,22 +15,13 @@ namespace {
 /// A file of the other engine.
 class OdbcCatalogue : public ContractCatalogue {
  public:
-  OdbcCatalogue() { std::filesystem::remove(file_); }
-  ~OdbcCatalogue() override { std::filesystem::remove(file_); }
-
   std::unique_ptr<Connection> connection() override {
-    return make_odbc_connection("DRIVER=libsqlite3odbc.so;Database=" + file_.string(),
-                                DriverText::utf8);
+    return make_odbc_connection(
+        "DRIVER=libsqlite3odbc.so;Database=" + (folder_ / "shop.db").string(), DriverText::utf8);
   }
 
  private:
-  static std::string case_name() {
-    std::string name = ::testing::UnitTest::GetInstance()->current_test_info()->name();
-    return name.substr(0, name.find('/'));
-  }
-
-  std::filesystem::path file_ =
-      std::filesystem::path(::testing::TempDir()) / ("tela_odbc_" + case_name() + ".db");
+  TemporaryFolder folder_;
 };
 
 INSTANTIATE_TEST_SUITE_P(Odbc, ConnectionContract,
