@@ -1,4 +1,5 @@
-// tela_catalogue: makes an embedded catalogue, fills it, reads it out and checks it.
+// tela_catalogue: makes an embedded catalogue, fills it, reads it out, checks it and moves it to a
+// server.
 
 #include <unistd.h>
 
@@ -9,6 +10,7 @@
 
 #include "apps/tela_catalogue/commands/arguments.h"
 #include "apps/tela_catalogue/commands/commands.h"
+#include "apps/tela_catalogue/commands/server_commands.h"
 #include "platform/paths/paths.h"
 
 namespace {
@@ -20,11 +22,13 @@ tela::Date today() {
   return std::chrono::year(local.tm_year + 1900) / (local.tm_mon + 1) / local.tm_mday;
 }
 
+constexpr std::string_view catalogue_name = "TelaData";
+
 bool run(const tela::CatalogueArguments& arguments, tela::Messages& messages) {
   using tela::CatalogueCommand;
   const tela::Paths paths =
       arguments.root ? tela::Paths(*arguments.root) : tela::Paths::from_environment();
-  const auto catalogue = paths.embedded_catalogue("TelaData");
+  const auto catalogue = paths.embedded_catalogue(catalogue_name);
   switch (arguments.command) {
     case CatalogueCommand::create:
       tela::create_catalogue(catalogue, messages);
@@ -40,6 +44,12 @@ bool run(const tela::CatalogueArguments& arguments, tela::Messages& messages) {
       return true;
     case CatalogueCommand::check:
       return tela::check_catalogue(catalogue, messages);
+    case CatalogueCommand::script:
+      tela::write_server_script(std::cout);
+      return true;
+    case CatalogueCommand::copy:
+      tela::copy_catalogue(catalogue, paths.server_catalogue(catalogue_name), messages);
+      return true;
   }
   return false;
 }

@@ -11,11 +11,11 @@ struct CommandName {
   std::string_view name;
   CatalogueCommand command;
 };
-constexpr CommandName commands[] = {{"create", CatalogueCommand::create},
-                                    {"demo", CatalogueCommand::demo},
-                                    {"import", CatalogueCommand::import_rows},
-                                    {"export", CatalogueCommand::export_rows},
-                                    {"check", CatalogueCommand::check}};
+constexpr CommandName commands[] = {
+    {"create", CatalogueCommand::create},      {"demo", CatalogueCommand::demo},
+    {"import", CatalogueCommand::import_rows}, {"export", CatalogueCommand::export_rows},
+    {"check", CatalogueCommand::check},        {"script", CatalogueCommand::script},
+    {"copy", CatalogueCommand::copy}};
 
 // The words of a command line that are still to be read.
 class Words {
@@ -118,6 +118,8 @@ std::string_view usage_text() {
   import TABLE FILE.csv    add the rows of a file to a table
   export TABLE FILE.csv    write the rows of a table to a file
   check                    look for damage, and for what looks wrong in the data
+  script                   write the T-SQL that makes an empty catalogue on a server
+  copy                     copy the catalogue to the server that TelaData.odbc beside it names
 
 The catalogue is TelaData.db in DIR, else in $TELA_ROOT, else in $XDG_DATA_HOME/tela or
 ~/.local/share/tela.

@@ -17,7 +17,7 @@ struct UsageError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-enum class CatalogueCommand { create, demo, import_rows, export_rows, check };
+enum class CatalogueCommand { create, demo, import_rows, export_rows, check, script, copy };
 
 struct CatalogueArguments {
   std::optional<std::filesystem::path> root;  ///< the platform root, where it is given

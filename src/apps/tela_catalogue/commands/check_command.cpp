@@ -1,13 +1,13 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <string>
 #include <vector>
 
 #include "apps/tela_catalogue/commands/commands.h"
 #include "apps/tela_catalogue/commands/data_checks.h"
+#include "apps/tela_catalogue/commands/settings_tables.h"
 #include "apps/tela_catalogue/commands/table_columns.h"
 #include "platform/catalogue_texts/catalogue_texts.h"
 #include "platform/csv/csv_value.h"
@@ -67,10 +67,8 @@ std::vector<std::string> missing_columns(const EmbeddedCatalogue& catalogue) {
 }
 
 std::vector<std::string> missing_start_rows(Connection& connection) {
-  static constexpr std::array<std::string_view, 5> tables{"tword", "CrPath", "PrinterSet",
-                                                          "PointsSet", "bill_no"};
   std::vector<std::string> missing;
-  for (const std::string_view table : tables) {
+  for (const std::string_view table : settings_tables) {
     const RowSet rows = connection.execute("select count(*) from " + std::string(table));
     if (rows.rows.at(0).at(0) == Value(std::int64_t{1})) continue;
     missing.push_back(std::string(table) + " does not hold exactly one row");
