@@ -25,9 +25,9 @@ TEST_F(Compile, WritesTheEnginesSql) {
       {"select billno from SALESTEMP where billdate>='05/Jan/2024' and Staff='RAVI'",
        R"(SELECT t1."BillNo" FROM main."SalesTemp" AS t1 WHERE ((t1."BillDate" >= ?1) AND (t1."Staff" = ?2 COLLATE TELA)))"},
       {"select distinct Catagory from Items order by Catagory desc",
-       R"(SELECT min(t1."Catagory" COLLATE TELA_SPELLING) FROM main."Items" AS t1 GROUP BY t1."Catagory" COLLATE TELA ORDER BY 1 COLLATE TELA DESC)"},
-      {"select iCode,sum(Qty)/2 as Half from Sales group by iCode order by Half",
-       R"(SELECT t1."iCode", tela_div(sum(t1."Qty"), ?1) FROM main."Sales" AS t1 GROUP BY t1."iCode" ORDER BY 2)"},
+       R"(SELECT t1."c0" FROM tela_groups('SELECT t1."Catagory" FROM main."Items" AS t1', 'k') AS t1 ORDER BY 1 COLLATE TELA DESC)"},
+      {"select iCode,sum(Qty)/2 as Half from Sales where Counter=1 group by iCode order by Half",
+       R"(SELECT t1."c0", tela_div(t1."c1", ?1) FROM tela_groups('SELECT t1."iCode", t1."Qty" FROM main."Sales" AS t1 WHERE (t1."Counter" = ?1)', 'ks', ?2) AS t1 ORDER BY 2, t1."c0")"},
       {"select top 3 month(BillDate),5/2 from Sales S left join Items on S.iCode=Items.iCode",
        R"(SELECT (t1."BillDate" / 100 % 100), tela_int_div(?1, ?2) FROM main."Sales" AS t1 LEFT JOIN main."Items" AS t2 ON (t1."iCode" = t2."iCode") LIMIT 3)"},
       {"insert into #CostCompare values(1),(-2.5)",
@@ -44,6 +44,14 @@ TEST_F(Compile, WritesTheEnginesSql) {
        R"(CREATE TEMP TABLE "#A" ("my ""col" text NOT NULL, "n" numeric(18,0) PRIMARY KEY))"},
   };
   for (const auto& row : cases) EXPECT_EQ(compiled(row.sql).sqlite_sql, row.sqlite) << row.sql;
+}
+
+TEST_F(Compile, LeavesTheGroupsToTheEngineIfAsked) {
+  const Compiled result = compile("select distinct Catagory from Items order by Catagory desc",
+                                  schema_, Grouping::by_engine);
+  EXPECT_EQ(
+      result.sqlite_sql,
+      R"(SELECT min(t1."Catagory" COLLATE TELA_SPELLING) FROM main."Items" AS t1 GROUP BY t1."Catagory" COLLATE TELA ORDER BY 1 COLLATE TELA DESC)");
 }
 
 TEST_F(Compile, TurnsLiteralsIntoWhatTheyMeet) {
@@ -82,7 +90,7 @@ TEST_F(Compile, PartsAnInsertFromASelect) {
       compiled("Insert into ProfitPercent execute spGetProfitNew '01/Jan/2024','31/Jan/2024'");
   EXPECT_EQ(result.sqlite_sql.substr(result.sqlite_sql.size() - result.source_sql.size()),
             result.source_sql);
-  EXPECT_THAT(result.source_sql, testing::StartsWith("SELECT t1.\"iCode\""));
+  EXPECT_THAT(result.source_sql, testing::StartsWith("SELECT t1.\"c0\""));
   EXPECT_EQ(compiled("insert into #CostCompare select SaleRate from Sales").insert_row_sql,
             "INSERT INTO temp.\"#CostCompare\" (\"SaleRate\") VALUES (?1)");
   EXPECT_THAT(result.parameters, ElementsAre(Parameter{0, {TypeKind::date}, "", ""},

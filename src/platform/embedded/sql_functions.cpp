@@ -12,6 +12,9 @@
 #include <variant>
 
 #include "platform/database/database_client.h"
+#include "platform/embedded/group_module.h"
+#include "platform/embedded/stored_values.h"
+#include "platform/embedded/sum_functions.h"
 #include "platform/text/number_text.h"
 #include "platform/text/strings.h"
 #include "platform/text/utf8.h"
@@ -50,16 +53,6 @@ class Args {
   sqlite3_value** values_;
 };
 
-struct SetResult {
-  sqlite3_context* context;
-  void operator()(std::monostate) const { sqlite3_result_null(context); }
-  void operator()(std::int64_t value) const { sqlite3_result_int64(context, value); }
-  void operator()(double value) const { sqlite3_result_double(context, value); }
-  void operator()(const std::string& value) const {
-    sqlite3_result_text(context, value.data(), static_cast<int>(value.size()), SQLITE_TRANSIENT);
-  }
-};
-
 using SqlFunction = StoredValue (*)(const Args&);
 
 // Null if an argument is null; a rule that is broken is the statement's error.
@@ -69,7 +62,7 @@ void call(sqlite3_context* context, int count, sqlite3_value** values) {
     if (sqlite3_value_type(values[i]) == SQLITE_NULL) return sqlite3_result_null(context);
   }
   try {
-    std::visit(SetResult{context}, function(Args(count, values)));
+    embedded::set_result(context, function(Args(count, values)));
   } catch (const std::bad_alloc&) {
     sqlite3_result_error_nomem(context);
   } catch (const std::exception& error) {
@@ -317,6 +310,8 @@ void register_sql_functions(sqlite3* database) {
                                                    collate<tsql::compare_texts>, nullptr));
   require_ok(database, sqlite3_create_collation_v2(database, "TELA_SPELLING", SQLITE_UTF8, nullptr,
                                                    collate<tsql::compare_spellings>, nullptr));
+  embedded::register_sum_functions(database);
+  embedded::register_groups(database);
 }
 
 }  // namespace tela

@@ -155,6 +155,20 @@ void bind_stored(Statement& statement, int position, const tsql::StoredValue& va
   statement.bind_null(position);
 }
 
+void set_result(sqlite3_context* context, const tsql::StoredValue& value) {
+  if (const auto* text = std::get_if<std::string>(&value)) {
+    return sqlite3_result_text64(context, text->data(), text->size(), SQLITE_TRANSIENT,
+                                 SQLITE_UTF8);
+  }
+  if (const auto* number = std::get_if<double>(&value)) {
+    return sqlite3_result_double(context, *number);
+  }
+  if (const auto* whole = std::get_if<std::int64_t>(&value)) {
+    return sqlite3_result_int64(context, *whole);
+  }
+  sqlite3_result_null(context);
+}
+
 void bind_for_column(Statement& statement, int position, const Value& value, std::string_view table,
                      const tsql::ColumnInfo& column) {
   try {

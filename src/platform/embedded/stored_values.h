@@ -21,6 +21,9 @@ Value read_value(const Statement& row, int column, const tsql::Type& type);
 /// Binds a value of a statement's text. The value must stand until the statement is run.
 void bind_stored(Statement& statement, int position, const tsql::StoredValue& value);
 
+/// Gives a value to SQLite as the result of a function or of a table's column.
+void set_result(sqlite3_context* context, const tsql::StoredValue& value);
+
 /// Binds a client's value for a table's column. Throws DatabaseError of kind value where it does
 /// not fit. The value must stand until the statement is run.
 void bind_for_column(Statement& statement, int position, const Value& value, std::string_view table,

@@ -22,8 +22,8 @@ std::vector<ExprPtr> clone(const std::vector<ExprPtr>& list) {
 }
 
 TableRef clone(const TableRef& table) {
-  return {table.join,           table.position,  table.table,  table.alias,
-          clone(table.derived), clone(table.on), table.source, table.info};
+  return {table.join,      table.position, table.table, table.alias,     clone(table.derived),
+          clone(table.on), table.source,   table.info,  table.group_plan};
 }
 
 }  // namespace
@@ -53,6 +53,12 @@ void for_each_node(ExprPtr& expr, const std::function<void(ExprPtr&)>& visit) {
   const auto descend = [&](ExprPtr& below) { for_each_node(below, visit); };
   for_each_child(*expr, descend);
   if (expr->select) for_each_expression(*expr->select, descend);
+}
+
+bool holds_subquery(ExprPtr& expr) {
+  bool found = false;
+  for_each_node(expr, [&](ExprPtr& node) { found = found || node->select != nullptr; });
+  return found;
 }
 
 ExprPtr clone(const Expr& expr) {

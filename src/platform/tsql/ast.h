@@ -112,6 +112,9 @@ struct TableRef {
 
   int source = -1;  ///< set by the binder
   const TableInfo* info = nullptr;
+  /// Set by a rewrite: the table holds the groups that the client makes of `derived`'s rows, one
+  /// letter a column (group_plan.h). Empty for any other.
+  std::string group_plan;
 };
 
 struct SelectItem {
@@ -250,6 +253,9 @@ void for_each_expression(Select& select, const std::function<void(ExprPtr&)>& vi
 /// Calls `visit` with every expression of a tree, those of the selects below it included, a node
 /// before what hangs from it. `visit` may replace the node.
 void for_each_node(ExprPtr& expr, const std::function<void(ExprPtr&)>& visit);
+
+/// Whether a select hangs somewhere in the expression.
+bool holds_subquery(ExprPtr& expr);
 
 ExprPtr clone(const Expr& expr);
 SelectPtr clone(const Select& select);

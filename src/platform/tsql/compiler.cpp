@@ -14,11 +14,12 @@ namespace {
 // Compiles each kind of statement.
 class Compilation {
  public:
-  explicit Compilation(const Schema& schema) : schema_(schema), binder_(schema) {}
+  Compilation(const Schema& schema, Grouping grouping)
+      : schema_(schema), grouping_(grouping), binder_(schema) {}
 
   void operator()(SelectPtr& select) {
     result_.columns = binder_.bind(*select);
-    rewrite(*select);
+    rewrite(*select, grouping_);
     emitter_.emit(*select);
   }
 
@@ -30,7 +31,7 @@ class Compilation {
   void operator()(Insert& insert) {
     binder_.bind(insert);
     change(StatementKind::insert, insert.info->name);
-    if (insert.select) rewrite(*insert.select);
+    if (insert.select) rewrite(*insert.select, grouping_);
     emitter_.emit(insert);
     if (insert.select) split(insert);
   }
@@ -114,6 +115,7 @@ class Compilation {
   }
 
   const Schema& schema_;
+  Grouping grouping_;
   Binder binder_;
   Emitter emitter_;
   Compiled result_;
@@ -121,9 +123,9 @@ class Compilation {
 
 }  // namespace
 
-Compiled compile(std::string_view sql, const Schema& schema) {
+Compiled compile(std::string_view sql, const Schema& schema, Grouping grouping) {
   Parsed parsed = parse(sql);
-  Compilation compilation(schema);
+  Compilation compilation(schema, grouping);
   std::visit(compilation, parsed.statement);
   return compilation.finish(parsed.literal_count);
 }

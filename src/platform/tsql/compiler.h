@@ -140,8 +140,13 @@ struct Compiled {
   std::string insert_row_sql;
 };
 
+/// Who makes the groups of a grouped select: the client, which hashes the rows as they come, or the
+/// engine, which sorts them first. The rows are the same.
+enum class Grouping { by_client, by_engine };
+
 /// Compiles one statement; a `;` behind it is passed over. Throws CompileError.
-Compiled compile(std::string_view sql, const Schema& schema);
+Compiled compile(std::string_view sql, const Schema& schema,
+                 Grouping grouping = Grouping::by_client);
 
 /// The statements of a script: parted by `;` or by a line that holds GO alone. Procedures end at
 /// GO. Throws CompileError if the script holds what is no token.

@@ -46,15 +46,6 @@ bool gives_one_row(const Select& select) {
          (select.top && std::stoll(select.top->value.text) <= 1);
 }
 
-std::string quoted_text(std::string_view text) {
-  std::string quoted = "'";
-  for (const char c : text) {
-    quoted += c;
-    if (c == '\'') quoted += c;
-  }
-  return quoted + '\'';
-}
-
 struct InlineValue {
   std::string operator()(std::monostate) const { return "NULL"; }
   std::string operator()(std::int64_t value) const { return "(" + std::to_string(value) + ")"; }
@@ -131,13 +122,17 @@ void Emitter::emit_compared(const Expr& expr) {
 
 void Emitter::emit_literal(const Expr& expr) {
   if (expr.literal.is_foreign) return emit_foreign_literal(expr);
-  Parameter parameter{expr.literal.index, expr.type, expr.target.table, expr.target.column};
+  emit_parameter({expr.literal.index, expr.type, expr.target.table, expr.target.column},
+                 expr.position);
+}
+
+void Emitter::emit_parameter(Parameter parameter, std::size_t position) {
   std::size_t number = 0;
   while (number < parameters_.size() && !(parameters_[number] == parameter)) ++number;
   if (number == parameters_.size()) {
     if (number == most_parameters) {
       throw CompileError(CompileError::Kind::syntax, "The statement has too many literals.",
-                         expr.position);
+                         position);
     }
     parameters_.push_back(std::move(parameter));
   }
@@ -263,10 +258,10 @@ void Emitter::emit_call(const Expr& expr) {
 void Emitter::emit_aggregate(const Expr& expr) {
   const std::string_view name = expr.function->engine_name;
   const bool of_texts = is_text(expr.args[0]->type);
-  if (name == "avg" && expr.type.kind == TypeKind::integer) {
+  if (name == "tela_avg" && expr.type.kind == TypeKind::integer) {
     // A mean of whole numbers is whole; over nothing it is null / 0.
     write("(");
-    emit_aggregate_of("sum", expr, "");
+    emit_aggregate_of("tela_sum", expr, "");
     write(" / ");
     emit_aggregate_of("count", expr, "");
     return write(")");

@@ -113,7 +113,9 @@ void Emitter::emit_from(const std::vector<TableRef>& tables) {
 }
 
 void Emitter::emit_table(const TableRef& table) {
-  if (table.derived) {
+  if (!table.group_plan.empty()) {
+    emit_groups(table);
+  } else if (table.derived) {
     write("(");
     emit_query(*table.derived, ItemNames::columns);
     write(")");
@@ -122,6 +124,18 @@ void Emitter::emit_table(const TableRef& table) {
   }
   write(" AS ");
   write_alias(table.source);
+}
+
+// The source is a text of its own, with parameters of its own, which the groups hand on.
+void Emitter::emit_groups(const TableRef& table) {
+  Emitter source;
+  source.emit(*table.derived);
+  write("tela_groups(" + quoted_text(source.sql_) + ", " + quoted_text(table.group_plan));
+  for (Parameter& parameter : source.parameters_) {
+    write(", ");
+    emit_parameter(std::move(parameter), 0);
+  }
+  write(")");
 }
 
 void Emitter::emit_order_by(const Select& select) {

@@ -30,6 +30,15 @@ std::string quoted_name(std::string_view name) {
   return quoted + '"';
 }
 
+std::string quoted_text(std::string_view text) {
+  std::string quoted = "'";
+  for (const char c : text) {
+    quoted += c;
+    if (c == '\'') quoted += c;
+  }
+  return quoted + '\'';
+}
+
 bool is_temporary(std::string_view table) {
   return table.starts_with('#');
 }

@@ -34,6 +34,7 @@ class Emitter {
   void emit_core(const Select& select, ItemNames names, bool is_compared);
   void emit_from(const std::vector<TableRef>& tables);
   void emit_table(const TableRef& table);
+  void emit_groups(const TableRef& table);
   void emit_order_by(const Select& select);
   void emit_limit(const Select& select);
 
@@ -41,6 +42,7 @@ class Emitter {
   void emit(const Expr& expr);
   void emit_plain(const Expr& expr);
   void emit_literal(const Expr& expr);
+  void emit_parameter(Parameter parameter, std::size_t position);
   void emit_foreign_literal(const Expr& expr);
   void emit_unary(const Expr& expr);
   void emit_binary(const Expr& expr);
@@ -76,6 +78,9 @@ class Emitter {
 
 /// "name", with quotes inside doubled.
 std::string quoted_name(std::string_view name);
+
+/// 'text', with quotes inside doubled.
+std::string quoted_text(std::string_view text);
 
 /// The name as the engine takes it, with the schema that holds it: temporary tables have their own.
 std::string table_name(std::string_view name);

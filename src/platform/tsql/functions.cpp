@@ -16,8 +16,8 @@ using Result = ResultRule;
 const std::vector<Function>& functions() {
   static const std::vector<Function> table{
       {"count", "count", Kind::aggregate, Result::aggregate, 1, {Arg::any}},
-      {"sum", "sum", Kind::aggregate, Result::aggregate, 1, {Arg::any}},
-      {"avg", "avg", Kind::aggregate, Result::aggregate, 1, {Arg::any}},
+      {"sum", "tela_sum", Kind::aggregate, Result::aggregate, 1, {Arg::any}},
+      {"avg", "tela_avg", Kind::aggregate, Result::aggregate, 1, {Arg::any}},
       {"min", "min", Kind::aggregate, Result::aggregate, 1, {Arg::any}},
       {"max", "max", Kind::aggregate, Result::aggregate, 1, {Arg::any}},
 

@@ -20,12 +20,6 @@ bool holds_own_column(ExprPtr& expr, const Select& select) {
   return found;
 }
 
-bool holds_subquery(ExprPtr& expr) {
-  bool found = false;
-  for_each_node(expr, [&](ExprPtr& node) { found = found || node->select != nullptr; });
-  return found;
-}
-
 std::string qualified(const Expr& column) {
   return column.qualifier.empty() ? column.name : column.qualifier + "." + column.name;
 }

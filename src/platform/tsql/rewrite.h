@@ -5,7 +5,7 @@
 
 namespace tela::tsql {
 
-/// Applies every rewrite, in their order, to a bound select and to all selects below it.
-void rewrite(Select& select);
+/// Applies the rewrites, in their order, to a bound select and to all selects below it.
+void rewrite(Select& select, Grouping grouping);
 
 }  // namespace tela::tsql

@@ -1,0 +1,50 @@
+// Sums that do not depend on the order of the rows.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+namespace tela::embedded {
+
+/// Adds up numbers. Whole numbers are added as such; others in two doubles, the second of which
+/// keeps what the first one's rounding loses: some 32 digits together, enough for a shop's prices
+/// and quantities to add up exactly, so that every order of the rows gives the same sum to the last
+/// digit. A value of zero bytes is an empty sum.
+struct ExactSum {
+  std::int64_t count = 0;
+  std::int64_t whole = 0;
+  double high = 0;
+  double low = 0;
+  bool has_fraction = false;
+  bool overflowed = false;
+
+  void add(std::int64_t value) {
+    ++count;
+    overflowed = __builtin_add_overflow(whole, value, &whole) || overflowed;
+  }
+
+  void add(double value) {
+    ++count;
+    has_fraction = true;
+    add_fraction(value);
+  }
+
+  /// The sum as a double, whatever was added.
+  double real() const;
+  /// The mean; only for a sum of at least one value.
+  double mean() const { return real() / static_cast<double>(count); }
+
+ private:
+  void add_fraction(double value) {
+    const double sum = high + value;
+    const double part = sum - high;
+    low += (high - (sum - part)) + (value - part);
+    high = sum;
+  }
+};
+
+/// What is said about whole numbers that add up to more than a whole number holds.
+inline constexpr const char* sum_overflow =
+    "Arithmetic overflow error converting expression to data type bigint.";
+
+}  // namespace tela::embedded

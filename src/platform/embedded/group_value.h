@@ -1,0 +1,47 @@
+// A value of a row as grouping sees it: compared by the server's rules.
+#pragma once
+
+#include <sqlite3.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "platform/tsql/values.h"
+
+namespace tela::embedded {
+
+/// A value of a statement's current row; its text lives as long as the row stands.
+class RowValue {
+ public:
+  RowValue(sqlite3_stmt* row, int column);
+
+  bool is_null() const { return type_ == SQLITE_NULL; }
+  bool is_whole() const { return type_ == SQLITE_INTEGER; }
+  bool is_real() const { return type_ == SQLITE_FLOAT; }
+  bool is_text() const { return type_ == SQLITE_TEXT; }
+  std::int64_t whole() const { return whole_; }
+  double real() const { return real_; }
+  std::string_view text() const { return text_; }
+
+  tsql::StoredValue stored() const;
+
+ private:
+  int type_;
+  std::int64_t whole_ = 0;
+  double real_ = 0;
+  std::string_view text_;
+};
+
+/// How texts compare within a comparison of values.
+using TextComparison = int (*)(std::string_view, std::string_view);
+
+/// Below 0, 0 or above 0: null before numbers, those before texts. A number is the same value
+/// whether it is stored as a whole number or not.
+int compare_values(const tsql::StoredValue& left, const tsql::StoredValue& right,
+                   TextComparison compare_text);
+
+/// Equal for values that compare as equal by the server's rules.
+std::size_t hash_value(const tsql::StoredValue& value);
+
+}  // namespace tela::embedded
