@@ -304,6 +304,17 @@ void TdsServer::note(std::string what) {
   received_.push_back(std::move(what));
 }
 
+void TdsServer::change_transaction(const std::string& change) {
+  note(change);
+  if (transactions_) transactions_(change);
+}
+
+void TdsServer::serve_from(std::function<Reply(const std::string&)> engine,
+                           std::function<void(const std::string&)> transactions) {
+  engine_ = std::move(engine);
+  transactions_ = std::move(transactions);
+}
+
 void TdsServer::serve() {
   while (!stopping_) {
     const int client = accept(listener_, nullptr, nullptr);
@@ -369,10 +380,12 @@ bool TdsServer::answer(int client, const Message& message) {
   {
     const std::lock_guard lock(mutex_);
     const auto scripted = script_.find(sql);
-    if (scripted == script_.end())
-      reply.done(0);
-    else
+    if (scripted != script_.end())
       reply = scripted->second;
+    else if (engine_)
+      reply = engine_(sql);
+    else
+      reply.done(0);
   }
   deaf_ = reply.ending == Reply::Ending::deaf;
   if (reply.ending == Reply::Ending::answer) send_message(client, reply.bytes);
@@ -384,12 +397,13 @@ std::string TdsServer::answer_transaction(std::string_view body) {
   constexpr std::uint64_t commit = 7;
   const std::uint64_t request = unlittle(body, 2);
   if (request == begin) {
-    note("begin");
+    change_transaction("begin");
     return transaction_token('\x08') + done_token(0, 0);
   }
-  note(request == commit ? "commit" : "roll back");
+  change_transaction(request == commit ? "commit" : "roll back");
   // Behind the name (none) stands a flag: begin the next transaction at once.
   const bool goes_on = body.size() > 3 && (body[3] & 1) != 0;
+  if (goes_on && transactions_) transactions_("begin");
   return transaction_token(request == commit ? '\x09' : '\x0A') +
          (goes_on ? transaction_token('\x08') : "") + done_token(0, 0);
 }

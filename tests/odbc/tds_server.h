@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <mutex>
 #include <string>
@@ -81,6 +82,10 @@ class TdsServer {
   /// The answer to the batch `sql`. Unscripted batches are answered with "done".
   void on(std::string sql, Reply reply);
   void refuse_logins() { refuses_ = true; }
+  /// Puts an engine behind the server, which answers the batches that are not scripted, and is told
+  /// of each "begin", "commit" and "roll back". Called on the server's own thread.
+  void serve_from(std::function<Reply(const std::string& sql)> engine,
+                  std::function<void(const std::string& change)> transactions);
   /// What arrived since the login: the text of each batch; "begin", "commit" and "roll back" for a
   /// transaction request; "call" for a batch wrapped in a procedure.
   std::vector<std::string> received() const;
@@ -97,6 +102,7 @@ class TdsServer {
   bool answer(int client, const Message& message);
   std::string answer_transaction(std::string_view body);
   void note(std::string what);
+  void change_transaction(const std::string& change);
 
   int listener_ = -1;
   int port_ = 0;
@@ -107,6 +113,8 @@ class TdsServer {
   mutable std::mutex mutex_;
   std::map<std::string, Reply, std::less<>> script_;
   std::vector<std::string> received_;
+  std::function<Reply(const std::string&)> engine_;
+  std::function<void(const std::string&)> transactions_;
   std::thread thread_;
 };
 
