@@ -84,7 +84,12 @@ class Engine {
  public:
   Engine(const fs::path& file, const std::string& journal) {
     sqlite3_open(file.c_str(), &handle_);
-    sqlite3_busy_timeout(handle_, 60'000);
+    // Looks again every millisecond, so that a figure is a wait and not a nap.
+    const auto look_again = [](void*, int) {
+      sqlite3_sleep(1);
+      return 1;
+    };
+    sqlite3_busy_handler(handle_, look_again, nullptr);
     run("PRAGMA journal_mode=" + journal +
         "; PRAGMA synchronous=FULL; PRAGMA wal_autocheckpoint=0");
   }

@@ -157,7 +157,7 @@ TEST(FailuresTest, AFullDiskLeavesTheLastCommit) {
     connection->begin_trans();
     add_bills(*connection, 0, 500);
     connection->commit_trans();
-    limit_files(256 * 1024);
+    limit_files(128 * 1024);
     connection->begin_trans();
     std::cerr << failure_of([&] {
       add_bills(*connection, 500, 100'000);
