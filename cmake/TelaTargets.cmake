@@ -10,7 +10,7 @@ add_library(tela_options INTERFACE)
 target_compile_options(tela_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Werror)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # When it optimizes, GCC 12 takes a literal + std::string for a copy onto itself (its bug 105651).
-  target_compile_options(tela_options INTERFACE -Wno-restrict)
+  target_compile_options(tela_options INTERFACE $<$<NOT:$<CONFIG:Debug>>:-Wno-restrict>)
 endif()
 target_include_directories(tela_options INTERFACE "${PROJECT_SOURCE_DIR}/src")
 if(TELA_SANITIZE)
