@@ -19,6 +19,10 @@ if(TELA_SANITIZE)
   target_link_options(tela_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(TELA_FUZZ)
+  target_compile_options(tela_options INTERFACE -fsanitize=fuzzer-no-link -O1)
+endif()
+
 # tela_library(NAME [libraries it uses...]): a static library of this folder's *.cpp files.
 function(tela_library name)
   file(GLOB sources CONFIGURE_DEPENDS "*.cpp" "*.h")

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "platform/tsql/lexer.h"
 #include "platform/tsql/parser.h"
@@ -23,6 +24,7 @@ class MemorySchema : public tsql::Schema {
         info.columns.push_back({column.name, tsql::parse_type_name(column.type)});
       }
       tables_[tsql::lower(table->table)] = info;
+      table_statements_.emplace_back(sql);
     } else if (const auto* procedure = std::get_if<tsql::CreateProcedure>(&parsed.statement)) {
       procedures_[tsql::lower(procedure->name)] = std::string(sql);
     }
@@ -49,6 +51,9 @@ class MemorySchema : public tsql::Schema {
     return schema;
   }
 
+  /// The statements that created the tables.
+  const std::vector<std::string>& table_statements() const { return table_statements_; }
+
   const tsql::TableInfo* find_table(std::string_view name) const override {
     const auto found = tables_.find(tsql::lower(name));
     return found == tables_.end() ? nullptr : &found->second;
@@ -63,6 +68,7 @@ class MemorySchema : public tsql::Schema {
  private:
   std::map<std::string, tsql::TableInfo> tables_;
   std::map<std::string, std::string> procedures_;
+  std::vector<std::string> table_statements_;
 };
 
 }  // namespace tela::test

@@ -48,7 +48,11 @@ bool gives_one_row(const Select& select) {
 
 struct InlineValue {
   std::string operator()(std::monostate) const { return "NULL"; }
-  std::string operator()(std::int64_t value) const { return "(" + std::to_string(value) + ")"; }
+  std::string operator()(std::int64_t value) const {
+    std::string text("(");
+    text += std::to_string(value);
+    return text += ')';
+  }
   std::string operator()(double value) const {
     return "CAST('" + number_text(value) + "' AS REAL)";
   }
@@ -290,13 +294,11 @@ void Emitter::emit_conversion(const Expr& expr) {
     case TypeKind::integer:
       write("tela_to_int(");
       emit(value);
-      write(", " + std::to_string(type.precision) + ")");
-      return;
+      return write_numbers({type.precision});
     case TypeKind::decimal:
       write("tela_to_decimal(");
       emit(value);
-      write(", " + std::to_string(type.precision) + ", " + std::to_string(type.scale) + ")");
-      return;
+      return write_numbers({type.precision, type.scale});
     case TypeKind::real:
       write("tela_to_real(");
       break;
@@ -319,9 +321,23 @@ void Emitter::emit_text_conversion(const Expr& expr) {
   if (expr.type.length == 0) return emit_as_text(*expr.args[0], expr.style);
   write(expr.fits_column ? "tela_fit_text(" : "substr(");
   emit_as_text(*expr.args[0], expr.style);
-  if (!expr.fits_column) return write(", 1, " + std::to_string(expr.type.length) + ")");
-  write(", " + std::to_string(expr.type.length) + ", " + quoted_text(expr.target.table) + ", " +
-        quoted_text(expr.target.column) + ")");
+  if (!expr.fits_column) return write_numbers({1, expr.type.length});
+  write(", ");
+  write(std::to_string(expr.type.length));
+  write(", ");
+  write(quoted_text(expr.target.table));
+  write(", ");
+  write(quoted_text(expr.target.column));
+  write(")");
+}
+
+// The last arguments of a call, and its end.
+void Emitter::write_numbers(std::initializer_list<int> numbers) {
+  for (const int number : numbers) {
+    write(", ");
+    write(std::to_string(number));
+  }
+  write(")");
 }
 
 void Emitter::emit_as_text(const Expr& value, int style) {
@@ -329,7 +345,7 @@ void Emitter::emit_as_text(const Expr& value, int style) {
   if (value.type.kind == TypeKind::date) {
     write("tela_date_text(");
     emit(value);
-    return write(", " + std::to_string(style) + ")");
+    return write_numbers({style});
   }
   if (value.type.kind == TypeKind::time) {
     write("tela_time_text(");

@@ -44,7 +44,8 @@ bool is_temporary(std::string_view table) {
 }
 
 std::string table_name(std::string_view name) {
-  return (is_temporary(name) ? "temp." : "main.") + quoted_name(name);
+  std::string qualified = is_temporary(name) ? "temp." : "main.";
+  return qualified += quoted_name(name);
 }
 
 void Emitter::write_name(std::string_view name) {
@@ -158,7 +159,8 @@ void Emitter::emit(const CreateTable& create) {
   for (const ColumnDefinition& column : create.columns) {
     if (&column != &create.columns.front()) write(", ");
     write_name(column.name);
-    write(" " + column_declaration(column.type));
+    write(" ");
+    write(column_declaration(column.type));
     if (column.not_null) write(" NOT NULL");
     if (column.primary_key) write(" PRIMARY KEY");
     if (column.unique) write(" UNIQUE");

@@ -5,6 +5,7 @@
 // functions named tela_… give what the engine's own would do otherwise.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -68,6 +69,7 @@ class Emitter {
 
   void write(std::string_view text) { sql_ += text; }
   void write_number(std::size_t number) { sql_ += std::to_string(number); }
+  void write_numbers(std::initializer_list<int> numbers);
   void write_name(std::string_view name);
   void write_table(std::string_view name);
   void write_alias(int source);

@@ -53,8 +53,7 @@ void Binder::check_grouping(Select& select) {
   }
 }
 
-void Binder::check_grouped(ExprPtr& expr, Select& select, bool is_nested,
-                           std::string_view clause) {
+void Binder::check_grouped(ExprPtr& expr, Select& select, bool is_nested, std::string_view clause) {
   for (ExprPtr& key : select.group_by) {
     if (!same_meaning(*key, *expr)) continue;
     pin_literals(expr);

@@ -245,8 +245,9 @@ std::string from(const std::vector<TableRef>& tables) {
   return text;
 }
 
+// In brackets, an equation is none that names a column.
 std::string item(const SelectItem& item) {
-  return expression(item.value) + (item.alias.empty() ? "" : " as " + name(item.alias));
+  return print(*item.value, sum) + (item.alias.empty() ? "" : " as " + name(item.alias));
 }
 
 std::string order(const OrderItem& item) {
