@@ -8,39 +8,25 @@
 #include <cstdlib>
 #include <fstream>
 
-#include "platform/report/banded_engine.h"
 #include "platform/report_qt/paged_output.h"
 #include "platform/report_qt/report_viewer.h"
-#include "report/fake_catalogue.h"
-#include "report/staging_rows.h"
+#include "report/shipped_report.h"
 
 namespace tela {
 namespace {
 
-constexpr int records = 10000;
-
-std::shared_ptr<const ReportDocument> run_report(FakeCatalogue& catalogue) {
-  BandedReportEngine engine({catalogue.factory(),
-                             [](std::string_view) { return "/no/folder"; },
-                             TELA_SOURCE_DIR "/reports",
-                             {}});
-  const auto report = engine.open_report("D:\\Report\\SalesReport.rpt");
-  report->set_formula("tit", "\"TELA MINI SUPER MARKET \"");
-  return report->run();
-}
-
-FakeCatalogue sales() {
-  FakeCatalogue catalogue;
-  catalogue.rows = staging_rows(staging_tables().at("SalesPrint"), records);
-  return catalogue;
+std::unique_ptr<Report> open_sales(FakeCatalogue& catalogue) {
+  constexpr int records = 10000;
+  return open_shipped("SalesReport.rpt", catalogue, records);
 }
 
 void first_page(benchmark::State& state) {
-  FakeCatalogue catalogue = sales();
+  FakeCatalogue catalogue;
+  const auto report = open_sales(catalogue);
   for (auto _ : state) {
     ReportViewer viewer;
     viewer.resize(1280, 900);
-    viewer.set_report(run_report(catalogue));
+    viewer.set_report(report->run());
     benchmark::DoNotOptimize(viewer.grab());
   }
 }
@@ -48,8 +34,9 @@ void first_page(benchmark::State& state) {
 void pdf(benchmark::State& state) {
   const QTemporaryDir folder;
   const std::string path = folder.filePath("sales.pdf").toStdString();
-  FakeCatalogue catalogue = sales();
-  for (auto _ : state) write_pdf(*run_report(catalogue), path);
+  FakeCatalogue catalogue;
+  const auto report = open_sales(catalogue);
+  for (auto _ : state) write_pdf(*report->run(), path);
 }
 
 void office_pdf(benchmark::State& state) {
@@ -59,9 +46,9 @@ void office_pdf(benchmark::State& state) {
     return;
   }
   const QTemporaryDir folder;
-  FakeCatalogue catalogue = sales();
+  FakeCatalogue catalogue;
   std::ofstream csv(folder.filePath("sales.csv").toStdString());
-  run_report(catalogue)->write_csv(csv);
+  open_sales(catalogue)->run()->write_csv(csv);
   csv.close();
   const QString command =
       QString(

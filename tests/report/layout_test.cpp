@@ -96,6 +96,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadLayout{"detail\npaper A4 portrait", "test.rpt:2: paper and margins come ahead"},
         BadLayout{"row 5", "test.rpt:1: a row belongs to a band"},
         BadLayout{"detail\nrow -5", "test.rpt:2: the height '-5' is no measure"},
+        BadLayout{"font \"Any\" 0", "test.rpt:1: a text is at least 1 point high"},
         BadLayout{"detail\nrow 5 loud", "test.rpt:2: 'loud' is not understood here"},
         BadLayout{"detail\nrow 5\ncell left \"open", "test.rpt:3: a quote is not closed"},
         BadLayout{"detail\nrow 5\ncell left \"{A\"", "test.rpt:3: a brace is not closed"},

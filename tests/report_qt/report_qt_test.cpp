@@ -2,9 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QAction>
 #include <QApplication>
-#include <QLineEdit>
 #include <QPrinter>
 #include <QSpinBox>
 #include <QTest>
@@ -16,8 +14,7 @@
 #include "platform/report/banded_engine.h"
 #include "platform/report_qt/paged_output.h"
 #include "platform/report_qt/report_viewer.h"
-#include "report/fake_catalogue.h"
-#include "report/staging_rows.h"
+#include "report/shipped_report.h"
 
 namespace tela {
 namespace {
@@ -27,15 +24,7 @@ using testing::HasSubstr;
 
 std::shared_ptr<const ReportDocument> run_report(const std::string& file, int records) {
   FakeCatalogue catalogue;
-  BandedReportEngine engine({catalogue.factory(),
-                             [](std::string_view) { return "/no/folder"; },
-                             TELA_SOURCE_DIR "/reports",
-                             {}});
-  const auto report = engine.open_report("D:\\Report\\" + file);
-  const std::string& table = report->tables().front().location();
-  catalogue.rows = staging_rows(staging_tables().at(table), records);
-  report->set_formula("tit", "\"TELA MINI SUPER MARKET\"");
-  return report->run();
+  return open_shipped(file, catalogue, records)->run();
 }
 
 /// What a program prints.

@@ -23,12 +23,18 @@ TextAlign read_align(WordCursor& words) {
   throw std::invalid_argument("left, centre or right is wanted");
 }
 
+double read_size(WordCursor& words) {
+  const double size = words.number("size in points");
+  if (size < 1) throw std::invalid_argument("a text is at least 1 point high");
+  return size;
+}
+
 /// Takes one word of a text's look, if the next word is one.
 bool read_style(WordCursor& words, TextStyle& style) {
   if (words.take("bold")) return style.bold = true;
   if (words.take("italic")) return style.italic = true;
   if (!words.take("size")) return false;
-  style.size = words.number("size in points");
+  style.size = read_size(words);
   return true;
 }
 
@@ -115,7 +121,7 @@ class LayoutReader {
 
   void font(WordCursor& words) {
     layout_.font_family = words.quoted("font family");
-    layout_.style.size = words.number("size in points");
+    layout_.style.size = read_size(words);
   }
 
   void table(WordCursor& words) { layout_.tables.push_back(words.word("table")); }
