@@ -21,15 +21,28 @@ void Grid::SetRows(int rows) {
   cells_.resize(static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols_));
   bands_.erase(bands_.lower_bound(rows), bands_.end());
   if (row_ >= rows) row_ = 0;
+  ++revision_;
 }
 
 void Grid::SetTextMatrix(int row, int col, std::string text) {
   cells_[index(row, col)] = std::move(text);
+  ++revision_;
+}
+
+void Grid::SetColWidth(int col, int twips) {
+  widths_.at(static_cast<std::size_t>(col)) = twips;
+  ++revision_;
+}
+
+void Grid::Paint(int row, RowBand band) {
+  bands_[row] = band;
+  ++revision_;
 }
 
 void Grid::Clear() {
   for (auto& cell : cells_) cell.clear();
   bands_.clear();
+  ++revision_;
 }
 
 std::size_t Grid::index(int row, int col) const {

@@ -49,7 +49,7 @@ class Grid {
 
   /// A column's width in twips (1/1440 inch); 0 hides the column, which still holds its text.
   int ColWidth(int col) const { return widths_.at(static_cast<std::size_t>(col)); }
-  void SetColWidth(int col, int twips) { widths_.at(static_cast<std::size_t>(col)) = twips; }
+  void SetColWidth(int col, int twips);
 
   /// Empties every cell, the header's too, and takes the paint off. The row count stays.
   void Clear();
@@ -58,8 +58,11 @@ class Grid {
   int Row() const { return row_; }
   void SetRow(int row) { row_ = row; }
 
-  void Paint(int row, RowBand band) { bands_[row] = band; }
+  void Paint(int row, RowBand band);
   const std::map<int, RowBand>& Bands() const { return bands_; }
+
+  /// Another number after every change of what the grid shows, so that a window knows when to look.
+  std::uint64_t revision() const { return revision_; }
 
  private:
   std::size_t index(int row, int col) const;
@@ -67,6 +70,7 @@ class Grid {
   int cols_;
   int fixed_cols_;
   int row_ = 0;
+  std::uint64_t revision_ = 0;
   std::vector<std::string> cells_;  // row by row
   std::vector<int> widths_;
   std::map<int, RowBand> bands_;

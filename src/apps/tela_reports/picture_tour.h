@@ -1,0 +1,34 @@
+// A walk through the program that saves a picture of each window: the user guide's pictures, and a
+// look at the desktop where there is no screen.
+#pragma once
+
+#include <QDir>
+
+#include "display/qt/qt_display.h"
+
+class QWidget;
+
+namespace tela {
+
+class PictureTour {
+ public:
+  /// `display` shows the login of `app`. The pictures go to `folder`, which must be there.
+  PictureTour(QtDisplay& display, AppState& app, const QDir& folder);
+
+  /// Logs in, lists the bills of the last day on which there are any, opens the last one of them
+  /// and the preview. Throws std::runtime_error where the way ends early.
+  void run();
+
+ private:
+  void log_in();
+  void list_last_day();
+  void open_last_bill();
+  void preview();
+  void save(QWidget& window, const QString& name);
+
+  QtDisplay& display_;
+  AppState& app_;
+  QDir folder_;
+};
+
+}  // namespace tela

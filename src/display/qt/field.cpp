@@ -1,0 +1,269 @@
+#include "display/qt/field.h"
+
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCompleter>
+#include <QDateEdit>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSignalBlocker>
+
+#include "display/qt/grid_pane.h"
+#include "display/qt/look.h"
+#include "platform/text/number_text.h"
+
+namespace tela {
+
+namespace {
+
+const char* const kDateFormat = "dd/MM/yyyy";
+
+// Widths in characters of the field's font.
+constexpr int kBoxCharacters = 14;
+constexpr int kResultCharacters = 10;
+constexpr int kScratchCharacters = 4;  // a box without a caption
+constexpr int kComboCharacters = 18;
+
+int character_width(const QWidget& widget) {
+  return widget.fontMetrics().averageCharWidth();
+}
+
+QDate to_qt(const Date& date) {
+  if (!date.ok()) return {};
+  return {static_cast<int>(date.year()), static_cast<int>(static_cast<unsigned>(date.month())),
+          static_cast<int>(static_cast<unsigned>(date.day()))};
+}
+
+// Tab leaves the picker; the arrow keys walk from day to month to year.
+class DayEdit : public QDateEdit {
+ protected:
+  bool focusNextPrevChild(bool next) override { return QAbstractSpinBox::focusNextPrevChild(next); }
+};
+
+ScreenField make_date(const FieldActions& actions) {
+  auto* edit = new DayEdit;
+  edit->setLocale(QLocale::c());
+  edit->setDisplayFormat(kDateFormat);
+  edit->setCalendarPopup(true);
+  edit->calendarWidget()->setFirstDayOfWeek(Qt::Monday);
+  edit->calendarWidget()->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  edit->setKeyboardTracking(false);
+  edit->setMinimumWidth(kBoxCharacters * character_width(*edit) + 24);
+  QObject::connect(edit, &QDateEdit::dateChanged, edit,
+                   [set = actions.set](QDate date) { set(date.toString(kDateFormat)); });
+  const auto mirror = [edit](const Control& control) {
+    const QSignalBlocker quiet(edit);
+    const QDate date = to_qt(control.date);
+    if (date.isValid()) edit->setDate(date);
+    edit->setReadOnly(control.locked);
+  };
+  const auto held = [edit] {
+    const QSignalBlocker quiet(edit);
+    edit->interpretText();
+    return edit->date().toString(kDateFormat);
+  };
+  return {{}, {}, edit, mirror, held};
+}
+
+void mirror_items(QComboBox& box, const std::vector<std::string>& items) {
+  bool same = box.count() == static_cast<int>(items.size());
+  for (int i = 0; same && i < box.count(); ++i)
+    same = box.itemText(i) == QString::fromStdString(items[static_cast<std::size_t>(i)]);
+  if (same) return;
+  box.clear();
+  for (const std::string& item : items) box.addItem(QString::fromStdString(item));
+}
+
+ScreenField make_combo(const FieldActions& actions) {
+  auto* box = new QComboBox;
+  box->setEditable(true);
+  box->setInsertPolicy(QComboBox::NoInsert);
+  box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+  box->setMinimumContentsLength(kComboCharacters);
+  box->setMaxVisibleItems(20);
+  box->completer()->setCompletionMode(QCompleter::PopupCompletion);
+  box->completer()->setFilterMode(Qt::MatchContains);
+  box->completer()->setCaseSensitivity(Qt::CaseInsensitive);
+  QObject::connect(box, &QComboBox::textActivated, box, actions.pick);
+  QObject::connect(box->lineEdit(), &QLineEdit::textEdited, box, actions.set);
+  const auto mirror = [box](const Control& control) {
+    const QSignalBlocker quiet(box);
+    const QString text = QString::fromStdString(control.text);
+    mirror_items(*box, control.items);
+    box->lineEdit()->setReadOnly(control.locked);
+    if (box->currentText() == text) return;
+    box->setCurrentIndex(box->findText(text));
+    box->setEditText(text);
+  };
+  return {{}, {}, box, mirror, [box] { return box->currentText(); }};
+}
+
+// A box that is as wide as the text that it is made for.
+class TextBox : public QLineEdit {
+ public:
+  explicit TextBox(int width_in_characters) : characters_(width_in_characters) {}
+
+  QSize sizeHint() const override {
+    return {(characters_ + 1) * fontMetrics().horizontalAdvance('0') + kFramePixels,
+            QLineEdit::sizeHint().height()};
+  }
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ private:
+  static constexpr int kFramePixels = 12;
+  int characters_;
+};
+
+int characters_of(const Control& control) {
+  if (control.caption.empty()) return kScratchCharacters;
+  return control.locked && !control.password ? kResultCharacters : kBoxCharacters;
+}
+
+// Figures stand at the right, and what the program writes stands out from what is typed.
+void style_box(QLineEdit& box, const Control& control) {
+  const bool result = control.locked && !control.password;
+  const bool figure = control.numeric_only || is_numeric(control.text);
+  // Text that is being typed stays at its side.
+  if (!box.hasFocus())
+    box.setAlignment((figure ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+  QPalette colours = QApplication::palette();
+  if (result) colours.setColor(QPalette::Base, QColor(247, 250, 251));
+  box.setPalette(colours);
+  QFont font;
+  font.setBold(result && figure);
+  box.setFont(font);
+}
+
+ScreenField make_text(const Control& control, const FieldActions& actions) {
+  auto* box = new TextBox(characters_of(control));
+  if (control.password) {
+    box->setEchoMode(QLineEdit::Password);
+    box->setStyleSheet("lineedit-password-character: 42");
+  }
+  QObject::connect(box, &QLineEdit::textEdited, box, actions.set);
+  const auto mirror = [box](const Control& now) {
+    const QString text = QString::fromStdString(now.text);
+    if (box->text() != text) box->setText(text);
+    box->setReadOnly(now.locked);
+    style_box(*box, now);
+  };
+  return {{}, {}, box, mirror, [box] { return box->text(); }};
+}
+
+ScreenField make_label() {
+  auto* label = new QLabel;
+  label->setTextFormat(Qt::PlainText);
+  label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  label->setMinimumWidth(8 * character_width(*label));
+  label->setMinimumHeight(QLineEdit().sizeHint().height());  // to stand in line with boxes
+  QFont font;
+  font.setBold(true);
+  label->setFont(font);
+  const auto mirror = [label](const Control& control) {
+    label->setText(QString::fromStdString(control.text));
+  };
+  return {{}, {}, label, mirror, {}};
+}
+
+ScreenField make_check(const Control& control, const FieldActions& actions) {
+  auto* check = new QCheckBox(QString::fromStdString(control.caption));
+  QObject::connect(check, &QCheckBox::clicked, check,
+                   [set = actions.set](bool on) { set(on ? "1" : "0"); });
+  const auto mirror = [check](const Control& now) { check->setChecked(now.text == "1"); };
+  return {{}, {}, check, mirror, [check] { return QString(check->isChecked() ? "1" : "0"); }};
+}
+
+ScreenField make_button(const Control& control, const FieldActions& actions) {
+  auto* button = new QPushButton;
+  const QIcon icon = icon_for_words(control.caption);
+  const QString words = QString::fromStdString(control.caption);
+  if (control.kind == ControlKind::picture_button && !icon.isNull()) {
+    button->setToolTip(words);
+    button->setAccessibleName(words);
+  } else {
+    button->setText(words);
+  }
+  button->setIcon(icon);
+  button->setAutoDefault(true);  // Enter presses it, as the space bar does
+  QObject::connect(button, &QPushButton::clicked, button, actions.press);
+  return {{}, {}, button, [](const Control&) {}, {}};
+}
+
+ScreenField make_list(const FieldActions& actions) {
+  auto* list = new QListWidget;
+  QObject::connect(list, &QListWidget::itemClicked, list,
+                   [pick = actions.pick](QListWidgetItem* item) { pick(item->text()); });
+  const auto mirror = [list](const Control& control) {
+    bool same = list->count() == static_cast<int>(control.items.size());
+    for (int i = 0; same && i < list->count(); ++i)
+      same = list->item(i)->text() ==
+             QString::fromStdString(control.items[static_cast<std::size_t>(i)]);
+    if (same) return;
+    list->clear();
+    for (const std::string& item : control.items) list->addItem(QString::fromStdString(item));
+  };
+  return {{}, {}, list, mirror, {}};
+}
+
+ScreenField make_grid(const Control& control, const FieldActions& actions,
+                      DesktopSettings& settings, const QString& key) {
+  auto* pane = new GridPane(settings, key, QString::fromStdString(control.caption));
+  GridView* view = &pane->view();
+  view->set_grid(control.grid.get());
+  QObject::connect(view, &QTableView::doubleClicked, view,
+                   [press = actions.double_click](const QModelIndex& cell) {
+                     press(GridModel::grid_row(cell.row()));
+                   });
+  QObject::connect(view->selectionModel(), &QItemSelectionModel::currentRowChanged, view,
+                   [grid = control.grid.get()](const QModelIndex& cell) {
+                     if (cell.isValid()) grid->SetRow(GridModel::grid_row(cell.row()));
+                   });
+  return {{}, {}, pane, [view](const Control&) { view->refresh(); }, {}};
+}
+
+ScreenField make_widget(const Control& control, const FieldActions& actions,
+                        DesktopSettings& settings, const QString& key) {
+  switch (control.kind) {
+    case ControlKind::date:
+      return make_date(actions);
+    case ControlKind::combo:
+      return make_combo(actions);
+    case ControlKind::text:
+      return make_text(control, actions);
+    case ControlKind::label:
+      return make_label();
+    case ControlKind::check:
+      return make_check(control, actions);
+    case ControlKind::button:
+    case ControlKind::picture_button:
+      return make_button(control, actions);
+    case ControlKind::list:
+      return make_list(actions);
+    case ControlKind::grid:
+      return make_grid(control, actions, settings,
+                       key + '.' + QString::fromStdString(control.name));
+  }
+  return make_label();
+}
+
+}  // namespace
+
+QString shown_text(const Control& control) {
+  if (control.kind == ControlKind::date) return to_qt(control.date).toString(kDateFormat);
+  return QString::fromStdString(control.text);
+}
+
+ScreenField make_field(const Control& control, const FieldActions& actions,
+                       DesktopSettings& settings, const QString& key) {
+  ScreenField field = make_widget(control, actions, settings, key);
+  field.name = control.name;
+  field.kind = control.kind;
+  field.input->setObjectName(QString::fromStdString(control.name));
+  return field;
+}
+
+}  // namespace tela

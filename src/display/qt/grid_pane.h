@@ -1,0 +1,39 @@
+// A grid with what belongs around it: its heading, and the bar that finds a text in it.
+#pragma once
+
+#include <QWidget>
+
+#include "display/qt/grid_view.h"
+
+class QLabel;
+class QLineEdit;
+
+namespace tela {
+
+class GridPane : public QWidget {
+  Q_OBJECT
+
+ public:
+  GridPane(DesktopSettings& settings, const QString& key, const QString& heading,
+           QWidget* parent = nullptr);
+
+  GridView& view() { return *view_; }
+  /// Shows the find bar and puts the focus there.
+  void open_find();
+
+ protected:
+  /// Escape in the find bar closes it.
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  QWidget* make_find_bar();
+  void find(bool forward);
+  void close_find();
+
+  GridView* view_;
+  QWidget* bar_;
+  QLineEdit* wanted_ = nullptr;
+  QLabel* result_ = nullptr;
+};
+
+}  // namespace tela

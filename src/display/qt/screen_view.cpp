@@ -1,0 +1,285 @@
+#include "display/qt/screen_view.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QFormLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QShortcut>
+#include <QTimer>
+#include <algorithm>
+
+#include "display/qt/flow_layout.h"
+#include "display/qt/grid_pane.h"
+
+namespace tela {
+
+namespace {
+
+constexpr int kGap = 10;  // pixels between fields
+constexpr int kLeastWidth = 560;
+
+bool fills_window(const Control& control) {
+  return control.kind == ControlKind::grid || control.kind == ControlKind::list;
+}
+
+bool is_button(ControlKind kind) {
+  return kind == ControlKind::button || kind == ControlKind::picture_button;
+}
+
+// Whether the caption stands beside the widget and not on it.
+bool has_caption_beside(const Control& control) {
+  return !is_button(control.kind) && control.kind != ControlKind::check && !fills_window(control);
+}
+
+QLabel* caption_label(const Control& control, QWidget* input) {
+  auto* caption = new QLabel(QString::fromStdString(control.caption).trimmed());
+  caption->setBuddy(input);
+  return caption;
+}
+
+// A field below its caption.
+QWidget* captioned(const Control& control, QWidget* input) {
+  auto* cell = new QWidget;
+  auto* column = new QVBoxLayout(cell);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(2);
+  column->addWidget(caption_label(control, input));
+  column->addWidget(input);
+  return cell;
+}
+
+bool is_enter(int key) {
+  return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+// The user moved on to another field, rather than to another window, a menu or a list that drops
+// down.
+bool moves_within_window(Qt::FocusReason reason) {
+  return reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason &&
+         reason != Qt::MenuBarFocusReason;
+}
+
+}  // namespace
+
+ScreenView::ScreenView(Screen& screen, UserEvents& events, DesktopSettings& settings,
+                       QWidget* parent)
+    : QWidget(parent), screen_(&screen), events_(events), settings_(settings) {
+  auto* column = new QVBoxLayout(this);
+  column->setSpacing(kGap);
+  const auto& controls = screen.form().controls();
+  if (std::any_of(controls.begin(), controls.end(), fills_window))
+    lay_out_report(*column);
+  else
+    lay_out_form(*column);
+  set_tab_order();
+  add_find_shortcut();
+  mirror();
+}
+
+ScreenView::Cell ScreenView::make_cell(const Control& control, bool with_caption) {
+  ScreenField field = make_field(control, actions(control.name), settings_,
+                                 QString::fromStdString(screen_->name()));
+  field.input->installEventFilter(this);
+  QWidget* whole =
+      with_caption && has_caption_beside(control) ? captioned(control, field.input) : field.input;
+  return {std::move(field), whole};
+}
+
+FieldActions ScreenView::actions(const std::string& control) {
+  FieldActions all;
+  all.set = [this, control](const QString& text) {
+    send_quietly([&](Screen& screen) { screen.set(control, text.toStdString()); });
+  };
+  all.pick = [this, control](const QString& entry) {
+    send([&](Screen& screen) { screen.pick(control, entry.toStdString()); });
+  };
+  all.press = [this, control] {
+    commit_focused();
+    send([&](Screen& screen) { screen.press(control); });
+  };
+  all.double_click = [this, control](int row) {
+    send([&](Screen& screen) { screen.double_click(control, row); });
+  };
+  return all;
+}
+
+void ScreenView::lay_out_report(QVBoxLayout& column) {
+  FlowLayout* inputs = nullptr;
+  FlowLayout* row = nullptr;
+  for (const Control& control : screen_->form().controls()) {
+    cells_.push_back(make_cell(control, true));
+    QWidget* whole = cells_.back().whole;
+    if (fills_window(control)) {
+      column.addWidget(whole, 1);
+      row = nullptr;
+      continue;
+    }
+    if (!row) column.addLayout(row = new FlowLayout(kGap));
+    row->addWidget(whole);
+    if (!inputs) inputs = row;
+  }
+}
+
+void ScreenView::lay_out_form(QVBoxLayout& column) {
+  auto* form = new QFormLayout;
+  form->setHorizontalSpacing(2 * kGap);
+  form->setVerticalSpacing(kGap);
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch(1);
+  for (const Control& control : screen_->form().controls()) {
+    cells_.push_back(make_cell(control, false));
+    QWidget* input = cells_.back().whole;
+    if (is_button(control.kind))
+      buttons->addWidget(input);
+    else if (has_caption_beside(control))
+      form->addRow(caption_label(control, input), input);
+    else
+      form->addRow(input);
+  }
+  column.addLayout(form);
+  column.addLayout(buttons);
+  column.addStretch(1);
+}
+
+void ScreenView::set_tab_order() {
+  QWidget* last = nullptr;
+  for (const Cell& cell : cells_) {
+    if (cell.field.kind == ControlKind::label) continue;
+    if (last) setTabOrder(last, cell.field.input);
+    last = cell.field.input;
+  }
+}
+
+void ScreenView::add_find_shortcut() {
+  const auto grid = std::find_if(cells_.begin(), cells_.end(), [](const Cell& cell) {
+    return cell.field.kind == ControlKind::grid;
+  });
+  if (grid == cells_.end()) return;
+  auto* shortcut = new QShortcut(QKeySequence::Find, this);
+  shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+  connect(shortcut, &QShortcut::activated, this, [this] {
+    GridPane* first = findChild<GridPane*>();
+    for (GridPane* pane : findChildren<GridPane*>())
+      if (pane->isAncestorOf(QApplication::focusWidget())) first = pane;
+    first->open_find();
+  });
+}
+
+void ScreenView::mirror() {
+  if (!screen_) return;
+  const auto& controls = screen_->form().controls();
+  for (std::size_t i = 0; i < cells_.size(); ++i) {
+    const Cell& cell = cells_[i];
+    cell.field.mirror(controls[i]);
+    cell.field.input->setEnabled(controls[i].enabled);
+    cell.whole->setVisible(controls[i].visible);
+  }
+}
+
+void ScreenView::focus_control(std::string_view control) {
+  mirror();  // a field that was switched on a moment ago takes the focus
+  for (const Cell& cell : cells_)
+    if (cell.field.name == control) cell.field.input->setFocus(Qt::OtherFocusReason);
+}
+
+void ScreenView::focus_first() {
+  for (const Cell& cell : cells_) {
+    QWidget& input = *cell.field.input;
+    if (input.focusPolicy() == Qt::NoFocus || !input.isEnabled() || input.isHidden()) continue;
+    return input.setFocus(Qt::OtherFocusReason);
+  }
+}
+
+void ScreenView::detach() {
+  screen_ = nullptr;
+  for (GridPane* pane : findChildren<GridPane*>()) pane->view().set_grid(nullptr);
+}
+
+QSize ScreenView::sizeHint() const {
+  const QList<GridPane*> panes = findChildren<GridPane*>();
+  if (panes.isEmpty()) return QWidget::sizeHint();
+  int width = kLeastWidth;
+  for (const GridPane* pane : panes) width = std::max(width, pane->sizeHint().width());
+  const QMargins margins = layout()->contentsMargins();
+  width += margins.left() + margins.right();
+  return {width, layout()->totalHeightForWidth(width)};
+}
+
+void ScreenView::send(const std::function<void(Screen&)>& event) {
+  if (screen_) events_.run([&] { event(*screen_); });
+}
+
+void ScreenView::send_quietly(const std::function<void(Screen&)>& event) {
+  if (screen_) events_.run_quietly([&] { event(*screen_); });
+}
+
+void ScreenView::commit(const ScreenField& field) {
+  if (!screen_ || !field.held) return;
+  const QString held = field.held();
+  const Control& control = screen_->form().at(field.name);
+  if (control.locked || held == shown_text(control)) return;
+  send_quietly([&](Screen& screen) { screen.set(field.name, held.toStdString()); });
+}
+
+void ScreenView::commit_focused() {
+  for (const Cell& cell : cells_)
+    if (cell.field.input->hasFocus()) commit(cell.field);
+}
+
+bool ScreenView::eventFilter(QObject* watched, QEvent* event) {
+  const auto cell = std::find_if(cells_.begin(), cells_.end(), [&](const Cell& candidate) {
+    return candidate.field.input == watched;
+  });
+  if (cell == cells_.end() || !screen_) return false;
+  const ScreenField& field = cell->field;
+  switch (event->type()) {
+    case QEvent::KeyPress:
+      return key_pressed(field, static_cast<QKeyEvent*>(event)->key());
+    case QEvent::FocusIn:
+      focus_gained(field, static_cast<QFocusEvent*>(event)->reason());
+      return false;
+    case QEvent::FocusOut:
+      if (moves_within_window(static_cast<QFocusEvent*>(event)->reason())) focus_lost(field);
+      return false;
+    case QEvent::Wheel:
+      // The wheel scrolls the window; a value that it passes over must not change unnoticed.
+      return field.kind == ControlKind::combo || field.kind == ControlKind::date;
+    default:
+      return false;
+  }
+}
+
+bool ScreenView::key_pressed(const ScreenField& field, int key) {
+  if (is_button(field.kind) || fills_window(screen_->form().at(field.name))) return false;
+  if (!is_enter(key) && key != Qt::Key_Up) return false;
+  commit(field);
+  const QWidget* before = QApplication::focusWidget();
+  send([&](Screen& screen) { screen.key(field.name, is_enter(key) ? Key::enter : Key::up); });
+  // Up goes on to its ordinary meaning in a list or a date, unless the screen made use of it.
+  return is_enter(key) || before != QApplication::focusWidget();
+}
+
+void ScreenView::focus_gained(const ScreenField& field, Qt::FocusReason reason) {
+  auto* box = qobject_cast<QLineEdit*>(field.input);
+  if (!box || !moves_within_window(reason) || !screen_->form().at(field.name).select_on_focus)
+    return;
+  // A click sets the cursor after the focus; the selection comes after both.
+  if (reason == Qt::MouseFocusReason)
+    QTimer::singleShot(0, box, &QLineEdit::selectAll);
+  else
+    box->selectAll();
+}
+
+void ScreenView::focus_lost(const ScreenField& field) {
+  const auto leave = [this, name = field.name] {
+    send_quietly([&](Screen& screen) { screen.leave(name); });
+  };
+  commit(field);
+  if (!events_.running()) return leave();
+  // The screen itself moved the focus: its event ends before the next one begins.
+  QMetaObject::invokeMethod(this, leave, Qt::QueuedConnection);
+}
+
+}  // namespace tela
