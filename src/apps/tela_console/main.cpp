@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "apps/program/program.h"
+#include "apps/tela_console/pdf_output.h"
 #include "display/scripted/script_runner.h"
 #include "display/scripted/told_port.h"
 
@@ -21,6 +22,7 @@ enum ExitCode { all_ran = 0, a_command_failed = 1, bad_usage = 2 };
 
 struct Options {
   std::optional<std::string> root;
+  std::optional<std::string> sheets;  // where spreadsheet exports go instead of the office program
   std::optional<std::string> script;
 };
 
@@ -29,6 +31,8 @@ std::optional<Options> read_options(const std::vector<std::string>& arguments) {
   for (std::size_t i = 0; i < arguments.size(); ++i) {
     if (arguments[i] == "--root" && i + 1 < arguments.size())
       options.root = arguments[++i];
+    else if (arguments[i] == "--sheets" && i + 1 < arguments.size())
+      options.sheets = arguments[++i];
     else if (arguments[i].starts_with("--") || options.script)
       return std::nullopt;
     else
@@ -54,6 +58,7 @@ int run(const Options& options) {
   tela::ScriptedDisplay display(print);
   tela::Platform platform = tela::make_platform(options.root ? tela::Paths(*options.root)
                                                              : tela::Paths::from_environment());
+  platform.write_pdf = tela::make_pdf_writer();
   platform.open_port = tela::tell_printed(platform.open_port, display);
   tela::Program program(std::move(platform), display);
   tela::ScriptRunner runner(program.state(), display);
