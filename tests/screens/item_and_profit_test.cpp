@@ -152,18 +152,18 @@ TEST(ItemStatements, ReadWordForWord) {
             "from sales S Join ITEMS I on S.iCode=I.iCode where S.billdate>='a' and "
             "S.billdate<='b' and I.catagory='x''y' group by "
             "S.icode,S.iname,S.mrp,S.salerate,I.CATAGORY order by sum(Qty) asc");
-  EXPECT_EQ(frmMonthlyProfit::staging_sql({"a", "b", "", ItemProfitReport::Order::item}),
+  EXPECT_EQ(frmMonthlyProfit::sql({"a", "b", ProfitOrder::key}),
             "Insert into #TableProfit select icode,iname,mrp,salerate,purrate,qty,qty * salerate "
             "as TotalSales,qty * purrate as TotalPurchase,(qty * salerate )- (qty * purrate) as "
             "Profit,(Case when Qty<0 and PurRate>0 Then ((qty * salerate)-(qty * "
             "purrate))*100.0/(qty * purrate)*-1 when Qty<0 and PurRate=0 then -100 when Qty>0 and "
             "purrate=0 then 100 else ((qty * salerate)-(qty * purrate))*100.0/(qty * purrate) end) "
             "As ProfitPercent from sales where BillDate>='a' AND BillDate<='b'");
-  EXPECT_THAT(frmCatagoryProfit::staging_sql({"a", "b", "c", ItemProfitReport::Order::item}),
+  EXPECT_THAT(frmCatagoryProfit::sql({"a", "b", "c"}),
               HasSubstr("else ((S.qty * S.salerate)-(S.qty * S.purrate))*100.0/(S.qty * S.purrate) "
                         "end) As ProfitPercent from sales S Join Items I on S.icode=I.icode where "
                         "BillDate>='a' AND BillDate<='b' and I.Catagory='c'"));
-  EXPECT_EQ(frmBillWiseProfit::list_sql(frmBillWiseProfit::Order::percent_falling),
+  EXPECT_EQ(frmBillWiseProfit::list_sql(ProfitOrder::percent_falling),
             "Select B.BillNo,S.BillDate,S.BillTime,S.Counter,S.Staff,sum(B.SaleRate),"
             "sum(B.PurRate),sum(B.Profit),avg(B.ProfitPercent) as Prfot from BillWiseProfit B Join "
             "SalesTemp S On B.BillNo=S.BillNo group by "

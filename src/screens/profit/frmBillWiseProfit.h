@@ -4,24 +4,25 @@
 
 #include <string>
 
-#include "report_framework/grid_report.h"
+#include "screens/profit/profit_report.h"
 
 namespace tela {
 
-class frmBillWiseProfit : public GridReport {
+class frmBillWiseProfit : public ProfitReport {
  public:
   explicit frmBillWiseProfit(AppState& app);
 
-  enum class Order { bill, percent_rising, percent_falling };
-
-  /// The insert of the period's lines into `BillWiseProfit`; the dates are under "dd/mmm/yyyy".
-  static std::string staging_sql(const std::string& from, const std::string& to, Order order);
-  static std::string list_sql(Order order);
+  struct Inputs {
+    std::string from;  ///< under "dd/mmm/yyyy"
+    std::string to;    ///< likewise
+    ProfitOrder order = ProfitOrder::key;
+  };
+  /// The insert of the period's lines into `BillWiseProfit`.
+  static std::string sql(const Inputs& inputs);
+  static std::string list_sql(ProfitOrder order);
 
  private:
-  void list(Order order);
-  void stage_lines(Order order);
-  void preview();
+  void with_staged_lines(ProfitOrder order, const std::function<void()>& list) override;
 };
 
 }  // namespace tela

@@ -1,20 +1,28 @@
 // Category profit: the monthly profit report narrowed to one item category.
 #pragma once
 
-#include "screens/profit/item_profit.h"
+#include <string>
+
+#include "screens/profit/profit_report.h"
 
 namespace tela {
 
-class frmCatagoryProfit : public ItemProfitReport {
+class frmCatagoryProfit : public ProfitReport {
  public:
   explicit frmCatagoryProfit(AppState& app);
 
-  static std::string staging_sql(const Inputs& inputs);
+  struct Inputs {
+    std::string from;  ///< under "dd/mmm/yyyy"
+    std::string to;    ///< likewise
+    std::string category;
+  };
+  /// The insert of the period's lines into `#TableProfit`, the same for all three orders.
+  static std::string sql(const Inputs& inputs);
 
  private:
   void fill_lists() override;
-  bool may_list(Order order) override;
-  std::string insert_sql(const Inputs& inputs) const override { return staging_sql(inputs); }
+  bool may_list(ProfitOrder order) override;
+  void with_staged_lines(ProfitOrder order, const std::function<void()>& list) override;
 };
 
 }  // namespace tela

@@ -1,19 +1,27 @@
 #include "screens/profit/frmMonthlyProfit.h"
 
-#include "screens/profit/profit_list.h"
+#include "screens/profit/item_profit.h"
+#include "shell/app_state.h"
 
 namespace tela {
 
 frmMonthlyProfit::frmMonthlyProfit(AppState& app)
-    : ItemProfitReport(app, {"frmMonthlyProfit", " MONTHLY PROFIT REPORT", {}}) {}
+    : ProfitReport(app, item_profit::definition("frmMonthlyProfit", " MONTHLY PROFIT REPORT")) {}
 
-std::string frmMonthlyProfit::staging_sql(const Inputs& inputs) {
-  const std::string hundred = inputs.order == Order::item ? "100.0" : "100";
+void frmMonthlyProfit::fill_lists() {
+  item_profit::write_stock_value(app(), form());
+}
+
+std::string frmMonthlyProfit::sql(const Inputs& inputs) {
   return "Insert into #TableProfit select icode,iname,mrp,salerate,purrate,qty,"
          "qty * salerate as TotalSales,qty * purrate as TotalPurchase,"
          "(qty * salerate )- (qty * purrate) as Profit," +
-         profit_list::percent_case("", hundred) + " from sales where BillDate>='" + inputs.from +
-         "' AND BillDate<='" + inputs.to + "'";
+         percent_case("", inputs.order == ProfitOrder::key ? "100.0" : "100") +
+         " from sales where BillDate>='" + inputs.from + "' AND BillDate<='" + inputs.to + "'";
+}
+
+void frmMonthlyProfit::with_staged_lines(ProfitOrder order, const std::function<void()>& list) {
+  item_profit::with_table(app(), sql({app().FromDate, app().ToDate, order}), list);
 }
 
 }  // namespace tela

@@ -2,18 +2,27 @@
 // its prices.
 #pragma once
 
-#include "screens/profit/item_profit.h"
+#include <string>
+
+#include "screens/profit/profit_report.h"
 
 namespace tela {
 
-class frmMonthlyProfit : public ItemProfitReport {
+class frmMonthlyProfit : public ProfitReport {
  public:
   explicit frmMonthlyProfit(AppState& app);
 
-  static std::string staging_sql(const Inputs& inputs);
+  struct Inputs {
+    std::string from;  ///< under "dd/mmm/yyyy"
+    std::string to;    ///< likewise
+    ProfitOrder order = ProfitOrder::key;
+  };
+  /// The insert of the period's lines into `#TableProfit`.
+  static std::string sql(const Inputs& inputs);
 
  private:
-  std::string insert_sql(const Inputs& inputs) const override { return staging_sql(inputs); }
+  void fill_lists() override;
+  void with_staged_lines(ProfitOrder order, const std::function<void()>& list) override;
 };
 
 }  // namespace tela

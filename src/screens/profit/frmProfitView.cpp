@@ -1,6 +1,6 @@
 #include "screens/profit/frmProfitView.h"
 
-#include "screens/profit/profit_list.h"
+#include "screens/profit/profit_report.h"
 #include "shell/app_state.h"
 #include "shell/database_gateway.h"
 
@@ -77,7 +77,7 @@ void frmProfitView::load() {
   FillGrid();
   CloseRs(app());
   read_header(bill);
-  profit_list::write_average(app(), form(), grid(), {7, 1, "tPercent", "####0.00", "####0.00"});
+  write_average(app(), form(), grid(), {7, 1, "tPercent", "####0.00", "####0.00"});
 }
 
 void frmProfitView::read_header(const std::string& bill) {

@@ -1,47 +1,26 @@
-// The family of profit by item: the lines of a period, staged with their percentages in a temporary
-// table of the connection, and grouped by item and prices.
+// Profit by item: the lines of a period staged in a temporary table of the connection, and grouped
+// by item and prices. What the two screens by item share.
 #pragma once
 
+#include <functional>
 #include <string>
 
-#include "report_framework/grid_report.h"
+#include "screens/profit/profit_report.h"
 
-namespace tela {
+namespace tela::item_profit {
 
-/// What a screen of the family is, apart from the family.
-struct ItemProfitDefinition {
-  std::string screen;
-  std::string caption;
-  std::vector<Control> inputs;  ///< the filter ahead of the period, if there is one
-};
+/// A screen by item; `filters` stand ahead of its period.
+ProfitDefinition definition(std::string screen, std::string caption,
+                            std::vector<Control> filters = {});
 
-class ItemProfitReport : public GridReport {
- public:
-  enum class Order { item, percent_rising, percent_falling };
+std::string create_sql();
+std::string list_sql(ProfitOrder order);
 
-  struct Inputs {
-    std::string from;      ///< under "dd/mmm/yyyy"
-    std::string to;        ///< likewise
-    std::string category;  ///< of the screen that has one
-    Order order = Order::item;
-  };
+/// Creates `#TableProfit` and fills it by `insert_sql` in one transaction, calls `list`, and drops
+/// the table. A failure anywhere in between leaves none behind.
+void with_table(AppState& app, const std::string& insert_sql, const std::function<void()>& list);
 
-  static std::string create_sql();
-  static std::string list_sql(Order order);
+/// Writes the present stock at purchase rate, of all items, into `tStock`.
+void write_stock_value(AppState& app, Form& form);
 
- protected:
-  ItemProfitReport(AppState& app, ItemProfitDefinition definition);
-
-  void fill_lists() override;
-  /// The insert of the period's lines into `#TableProfit`.
-  virtual std::string insert_sql(const Inputs& inputs) const = 0;
-  /// Whether the listing may start; a screen with a filter may refuse.
-  virtual bool may_list(Order) { return true; }
-
- private:
-  void list(Order order);
-  void stage_lines(Order order);
-  void preview();
-};
-
-}  // namespace tela
+}  // namespace tela::item_profit

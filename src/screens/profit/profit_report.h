@@ -1,0 +1,72 @@
+// The family of profit lists: rows of what was sold in a period with their profit, measured on
+// purchase value; three orders, totals, an average percentage, and one preview. A screen of the
+// family states its rows and how the lines behind them are staged.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "report_framework/grid_report.h"
+
+namespace tela {
+
+/// The orders of a profit list: by its first key, or by percentage.
+enum class ProfitOrder { key, percent_rising, percent_falling };
+
+/// What a screen of the family is, apart from the family.
+struct ProfitDefinition {
+  std::string screen;
+  std::string caption;
+  std::vector<Control> filters;  ///< ahead of the period
+  std::vector<Control> results;  ///< behind the totals
+  GridColumns columns;           ///< two of them total into `tTotalSales` and `tTotalPurchase`
+  int percent_column = 0;        ///< the last column, which the average is taken of
+  std::function<std::string(ProfitOrder)> list_sql;
+  /// A row's values of `MonthlyProfit` from position 3 on.
+  std::function<std::string(const Grid&, int row)> staging_row;
+};
+
+class ProfitReport : public GridReport {
+ protected:
+  ProfitReport(AppState& app, ProfitDefinition definition);
+
+  /// Whether the listing may start; a screen with a filter may refuse.
+  virtual bool may_list(ProfitOrder) { return true; }
+  /// Stages the lines of the period in `FromDate` and `ToDate`, calls `list`, and takes away what
+  /// must not stay.
+  virtual void with_staged_lines(ProfitOrder order, const std::function<void()>& list) = 0;
+
+ private:
+  void list(ProfitOrder order);
+  void fill(ProfitOrder order);
+  void write_totals();
+  void preview();
+
+  int percent_column_;
+  std::function<std::string(ProfitOrder)> list_sql_;
+  std::function<std::string(const Grid&, int row)> staging_row_;
+};
+
+/// A plain average of a grid column.
+struct ColumnAverage {
+  int column = 0;
+  int numbered = 0;  ///< the column whose number must be above 0 for a row to count
+  std::string box;
+  std::string sum_mask;  ///< rounds each step of the sum
+  std::string box_mask;
+};
+
+/// Writes the average into its box and the number of the last row counted into `tTotalRows`; both
+/// show "0" without a row.
+void write_average(AppState& app, Form& form, const Grid& grid, const ColumnAverage& average);
+
+/// The percentage of a bill line in SQL: a returned line counts with its margin negated, goods
+/// without a purchase rate count as 100 when sold and as -100 when returned. `alias` ("S." or
+/// nothing) stands before each column, `hundred` is the multiplier as the statement writes it.
+std::string percent_case(const std::string& alias, const std::string& hundred);
+
+/// Executes a statement that works with that percentage. A line of quantity 0 makes the database
+/// refuse it; the failure then names the cause.
+void execute_profit(AppState& app, const std::string& sql);
+
+}  // namespace tela
