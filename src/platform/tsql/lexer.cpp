@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/text/ascii.h"
+
 namespace tela::tsql {
 namespace {
 
@@ -24,9 +26,6 @@ constexpr auto classes = char_classes();
 CharClass class_of(char c) {
   return classes[static_cast<unsigned char>(c)];
 }
-bool is_digit(char c) {
-  return class_of(c) == digit;
-}
 bool is_word(char c) {
   return class_of(c) >= digit;
 }
@@ -38,10 +37,6 @@ bool beyond_int(std::string_view digits) {
   digits.remove_prefix(std::min(digits.find_first_not_of('0'), digits.size()));
   return digits.size() > largest_int.size() ||
          (digits.size() == largest_int.size() && digits > largest_int);
-}
-
-char lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
 }
 
 // The text between the first `lead` characters and the last, with doubled closing quotes made
@@ -115,7 +110,7 @@ Token Lexer::take_number() {
     ++end;
     while (is_digit(at(end))) ++end;
   }
-  if (lower(at(end)) == 'e') {
+  if (to_lower(at(end)) == 'e') {
     std::size_t exponent = end + 1;
     if (at(exponent) == '+' || at(exponent) == '-') ++exponent;
     if (is_digit(at(exponent))) {
@@ -182,13 +177,12 @@ std::string name_of(const Token& token) {
 
 std::string lower(std::string_view text) {
   std::string folded(text);
-  std::transform(folded.begin(), folded.end(), folded.begin(), [](char c) { return lower(c); });
+  std::transform(folded.begin(), folded.end(), folded.begin(), to_lower);
   return folded;
 }
 
 bool same_name(std::string_view left, std::string_view right) {
-  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                    [](char a, char b) { return lower(a) == lower(b); });
+  return equal_ignoring_case(left, right);
 }
 
 }  // namespace tela::tsql
