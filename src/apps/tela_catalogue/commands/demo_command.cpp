@@ -1,5 +1,6 @@
 #include <unistd.h>
 
+#include <chrono>
 #include <map>
 #include <string>
 
@@ -106,6 +107,7 @@ void make_demo_catalogue(const fs::path& catalogue, const demo::DemoOptions& opt
   demo::DemoSummary summary;
   {
     EmbeddedCatalogue filled(file.path(), CatalogueUse::filling);
+    filled.connection().set_command_timeout(std::chrono::hours(1));  // an index over all lines
     summary = fill(filled, options, messages);
     messages.progress([](std::ostream& out) { out << "indexes"; });
     filled.run_script(scripts.back());
