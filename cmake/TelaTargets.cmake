@@ -3,7 +3,9 @@
 
 find_program(TELA_CCACHE ccache)
 if(TELA_CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${TELA_CCACHE}")
+  # Paths are kept relative, so that another clone finds what this one has compiled.
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}"
+      CCACHE_NOHASHDIR=1 "${TELA_CCACHE}")
 endif()
 
 add_library(tela_options INTERFACE)
