@@ -141,8 +141,15 @@ TEST(ReportScreen, CopiesAndFindsWhatTheListShows) {
   EXPECT_EQ(QApplication::clipboard()->text(), "0.00\t1.00\n0.00\t2.00");
 
   list.setCurrentIndex(list.model()->index(0, 0));
-  EXPECT_TRUE(list.find("3.0", true));
+  QTest::keyClick(&counter(view), Qt::Key_F, Qt::ControlModifier);
+  QLineEdit& wanted = child<QLineEdit>(view, "find");
+  EXPECT_TRUE(gets_focus(wanted));
+  QTest::keyClicks(&wanted, "3.0");
+  QTest::keyClick(&wanted, Qt::Key_Return);
   EXPECT_EQ(list.currentIndex().row(), 2);
+  QTest::keyClick(&wanted, Qt::Key_Escape);
+  EXPECT_FALSE(wanted.isVisible());
+
   EXPECT_TRUE(list.find("10:30", true));
   EXPECT_EQ(list.currentIndex(), list.model()->index(0, 2));
   EXPECT_TRUE(list.find("10:30", false));
@@ -165,7 +172,6 @@ TEST(ReportScreen, ShowsAFullGridAtOnce) {
   Desktop desktop;
   desktop.shop.bills = 32000;
   ScreenView& view = desktop.open("frmDailyS_R");
-  child<QComboBox>(view, "Combo1").setEditText("ALL COUNTER");
   desktop.windows().current()->set("Combo1", "ALL COUNTER");
   desktop.windows().current()->press("cmdView");
   QElapsedTimer clock;

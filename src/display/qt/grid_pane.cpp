@@ -23,7 +23,11 @@ QToolButton* tool_button(Qt::ArrowType arrow, const QString& tip) {
 
 GridPane::GridPane(DesktopSettings& settings, const QString& key, const QString& heading,
                    QWidget* parent)
-    : QWidget(parent), view_(new GridView(settings, key)), bar_(make_find_bar()) {
+    : QWidget(parent),
+      view_(new GridView(settings, key)),
+      wanted_(new QLineEdit),
+      result_(new QLabel),
+      bar_(make_find_bar()) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(4);
@@ -42,12 +46,10 @@ QWidget* GridPane::make_find_bar() {
   auto* bar = new QWidget;
   auto* row = new QHBoxLayout(bar);
   row->setContentsMargins(0, 0, 0, 0);
-  wanted_ = new QLineEdit;
   wanted_->setObjectName("find");
   wanted_->setPlaceholderText(tr("Find in the list"));
   wanted_->setClearButtonEnabled(true);
   wanted_->setMaximumWidth(280);
-  result_ = new QLabel;
   QToolButton* previous = tool_button(Qt::UpArrow, tr("Previous"));
   QToolButton* next = tool_button(Qt::DownArrow, tr("Next (F3)"));
   row->addWidget(wanted_, 1);

@@ -31,9 +31,9 @@ class GridPane : public QWidget {
   void close_find();
 
   GridView* view_;
+  QLineEdit* wanted_;
+  QLabel* result_;
   QWidget* bar_;
-  QLineEdit* wanted_ = nullptr;
-  QLabel* result_ = nullptr;
 };
 
 }  // namespace tela

@@ -79,7 +79,8 @@ Answer QtDisplay::message(const Message& message) {
   QMessageBox box(owner);
   box.setTextFormat(Qt::PlainText);
   box.setIcon(box_icon(message.icon));
-  box.setWindowTitle(text(message.title));
+  // A desktop would put the program's name where there is no title at all.
+  box.setWindowTitle(message.title.empty() ? " " : text(message.title));
   box.setText(text(message.text));
   const bool asks = message.buttons == Buttons::ok_cancel;
   box.setStandardButtons(asks ? QMessageBox::Ok | QMessageBox::Cancel : QMessageBox::Ok);
