@@ -193,6 +193,7 @@ std::vector<std::string> EmbeddedCatalogue::integrity_check() const {
       if (std::string fault = check.text(0); fault != "ok") faults.push_back(std::move(fault));
   } catch (const DatabaseError& error) {
     // Some damage ends the check itself.
+    if (error.kind() != Kind::storage) throw;
     faults.emplace_back(error.what());
   }
   return faults;

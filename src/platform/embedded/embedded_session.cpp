@@ -147,7 +147,8 @@ EmbeddedSession::OpenFile& EmbeddedSession::opened() const {
 }
 
 embedded::Database& EmbeddedSession::database() {
-  return opened().database;
+  opened().clock.start(std::chrono::seconds(0));
+  return open_->database;
 }
 
 const embedded::CatalogueSchema& EmbeddedSession::schema() {

@@ -33,6 +33,7 @@ class EmbeddedSession : public Connection {
 
   // What the tools need beyond T-SQL.
 
+  /// The engine itself. What runs on it may take any time: a tool reads whole tables.
   embedded::Database& database();
   const embedded::CatalogueSchema& schema();
   /// Readies the open transaction for rows that are written past execute().

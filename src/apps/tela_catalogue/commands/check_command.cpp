@@ -101,7 +101,6 @@ void tell_oddities(const DataCheck& check, const RowSet& found, Messages& messag
 }
 
 void check_data(Connection& connection, Messages& messages) {
-  connection.set_command_timeout(std::chrono::hours(1));
   for (const DataCheck& check : data_checks()) {
     messages.progress([&](std::ostream& out) { out << "looking for " << check.finding; });
     tell_oddities(check, connection.execute(check.statement), messages);
@@ -117,6 +116,7 @@ bool tell_damage(const std::vector<std::string>& damage, Messages& messages) {
 
 bool check_catalogue(const fs::path& catalogue, Messages& messages) {
   EmbeddedCatalogue checked(catalogue);
+  checked.connection().set_command_timeout(std::chrono::hours(1));  // whole tables are read
   messages.progress([](std::ostream& out) { out << "reading the whole file"; });
   if (tell_damage(checked.integrity_check(), messages)) return false;
   if (tell_damage(missing_columns(checked), messages)) return false;
