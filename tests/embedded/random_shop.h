@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/embedded/catalogue_schema.h"
+#include "platform/embedded/group_module.h"
 #include "platform/embedded/sql_functions.h"
 #include "platform/embedded/stored_values.h"
 
@@ -51,6 +52,11 @@ class RandomShop {
       : values_(seed), rows_a_table_(rows_a_table), schema_(database_) {
     register_sql_functions(database_.handle());
     embedded::create_procedure_store(database_);
+  }
+
+  /// From now on the client leaves more groups than these to the engine.
+  void keep_in_memory(std::size_t most_groups) {
+    embedded::register_groups(database_.handle(), most_groups);
   }
 
   /// Makes the tables and procedures that the script's statements create, and fills the tables.

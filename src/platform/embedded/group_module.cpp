@@ -9,6 +9,7 @@
 #include <string>
 
 #include "platform/embedded/group_table.h"
+#include "platform/embedded/sorted_groups.h"
 #include "platform/embedded/sqlite_handles.h"
 #include "platform/embedded/stored_values.h"
 
@@ -18,17 +19,30 @@ namespace {
 constexpr int first_argument = static_cast<int>(tsql::most_group_columns);
 constexpr int most_arguments = static_cast<int>(tsql::most_group_parameters) + 2;
 
+struct Finalize {
+  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using Select = std::unique_ptr<sqlite3_stmt, Finalize>;
+
 struct GroupsTable : sqlite3_vtab {
-  explicit GroupsTable(sqlite3* connection) : sqlite3_vtab{}, database(connection) {}
+  GroupsTable(sqlite3* connection, std::size_t most)
+      : sqlite3_vtab{}, database(connection), most_in_memory(most) {}
   sqlite3* database;
+  std::size_t most_in_memory;
 };
 
+/// Either the groups in memory with a position among them, or a select that stands on one.
 struct Scan : sqlite3_vtab_cursor {
   Scan() : sqlite3_vtab_cursor{} {}
   std::optional<GroupTable> groups;
+  Select sorted;
   std::size_t position = 0;
+  bool at_end = false;
 };
 
+GroupsTable& table_of(sqlite3_vtab_cursor* cursor) {
+  return static_cast<GroupsTable&>(*cursor->pVtab);
+}
 Scan& scan_of(sqlite3_vtab_cursor* cursor) {
   return static_cast<Scan&>(*cursor);
 }
@@ -42,11 +56,12 @@ std::string declaration() {
   return "CREATE TABLE groups(" + columns + ")";
 }
 
-int connect(sqlite3* database, void* /*data*/, int /*count*/, const char* const* /*arguments*/,
-            sqlite3_vtab** table, char** /*error*/) {
+int connect(sqlite3* database, void* most_in_memory, int /*count*/,
+            const char* const* /*arguments*/, sqlite3_vtab** table, char** /*error*/) {
   const int code = sqlite3_declare_vtab(database, declaration().c_str());
   if (code != SQLITE_OK) return code;
-  *table = new (std::nothrow) GroupsTable(database);
+  *table =
+      new (std::nothrow) GroupsTable(database, *static_cast<const std::size_t*>(most_in_memory));
   return *table == nullptr ? SQLITE_NOMEM : SQLITE_OK;
 }
 
@@ -91,64 +106,105 @@ int fail(sqlite3_vtab* table, int code, const char* message) {
   return code;
 }
 
-struct Finalize {
-  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
-};
-using Source = std::unique_ptr<sqlite3_stmt, Finalize>;
+std::string_view text_of(sqlite3_value* value) {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+  return {text, static_cast<std::size_t>(sqlite3_value_bytes(value))};
+}
 
-int prepare(sqlite3* database, sqlite3_value* sql, Source& source) {
+/// What the scan was called with.
+struct Call {
+  std::string_view source;
+  std::string_view plan;
+  int parameter_count;
+  sqlite3_value** parameters;
+};
+
+int prepare(sqlite3* database, std::string_view sql, const Call& call, Select& select) {
   sqlite3_stmt* statement = nullptr;
-  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(sql));
-  const int code =
-      sqlite3_prepare_v2(database, text, sqlite3_value_bytes(sql), &statement, nullptr);
-  source.reset(statement);
+  int code =
+      sqlite3_prepare_v2(database, sql.data(), static_cast<int>(sql.size()), &statement, nullptr);
+  select.reset(statement);
+  for (int i = 0; i < call.parameter_count && code == SQLITE_OK; ++i) {
+    code = sqlite3_bind_value(statement, i + 1, call.parameters[i]);
+  }
   return code;
 }
 
-// SQLite's code for how the source's rows ended.
-int make_groups(Scan& scan, sqlite3_stmt* source, std::string_view plan) {
-  scan.groups.emplace(plan);
+// SQLite's code for how the source's rows ended; SQLITE_ROW if they make too many groups.
+int hash_rows(GroupTable& groups, sqlite3_stmt* source, std::size_t most) {
   int code = SQLITE_ROW;
-  while ((code = sqlite3_step(source)) == SQLITE_ROW) scan.groups->add(source);
-  if (code != SQLITE_DONE) return code;
-  scan.groups->sort();
-  return SQLITE_OK;
+  while ((code = sqlite3_step(source)) == SQLITE_ROW) {
+    groups.add(source);
+    if (groups.size() > most) return SQLITE_ROW;
+  }
+  groups.sort();
+  return code;
+}
+
+int step_sorted(Scan& scan) {
+  const int code = sqlite3_step(scan.sorted.get());
+  scan.at_end = code != SQLITE_ROW;
+  return code == SQLITE_ROW || code == SQLITE_DONE ? SQLITE_OK : code;
+}
+
+int sort_rows(Scan& scan, sqlite3* database, const Call& call) {
+  const int code = prepare(database, sorted_groups_sql(call.source, call.plan), call, scan.sorted);
+  return code == SQLITE_OK ? step_sorted(scan) : code;
+}
+
+int make_groups(Scan& scan, const GroupsTable& table, const Call& call) {
+  Select source;
+  int code = prepare(table.database, call.source, call, source);
+  if (code != SQLITE_OK) return code;
+  scan.groups.emplace(call.plan);
+  code = hash_rows(*scan.groups, source.get(), table.most_in_memory);
+  if (code == SQLITE_ROW) {
+    scan.groups.reset();
+    source.reset();  // whose end would cover up a later error
+    return sort_rows(scan, table.database, call);
+  }
+  scan.at_end = scan.groups->size() == 0;
+  return code == SQLITE_DONE ? SQLITE_OK : code;
 }
 
 int begin_scan(sqlite3_vtab_cursor* cursor, int /*plan*/, const char* /*name*/, int count,
                sqlite3_value** arguments) {
+  constexpr int own_arguments = 2;
   Scan& scan = scan_of(cursor);
-  scan.groups.reset();
+  const GroupsTable& table = table_of(cursor);
+  scan.sorted.reset();
   scan.position = 0;
-  sqlite3* database = static_cast<GroupsTable*>(cursor->pVtab)->database;
-  Source source;
-  int code = prepare(database, arguments[0], source);
-  for (int i = 2; i < count && code == SQLITE_OK; ++i) {
-    code = sqlite3_bind_value(source.get(), i - 1, arguments[i]);
+  try {
+    const Call call{text_of(arguments[0]), text_of(arguments[1]), count - own_arguments,
+                    arguments + own_arguments};
+    const int code = make_groups(scan, table, call);
+    return code == SQLITE_OK ? code : fail(cursor->pVtab, code, sqlite3_errmsg(table.database));
+  } catch (const std::exception&) {  // nothing but memory can be short
+    return SQLITE_NOMEM;
   }
-  if (code == SQLITE_OK) {
-    try {
-      code = make_groups(scan, source.get(),
-                         reinterpret_cast<const char*>(sqlite3_value_text(arguments[1])));
-    } catch (const std::exception&) {  // nothing but memory can be short
-      return SQLITE_NOMEM;
-    }
-  }
-  return code == SQLITE_OK ? code : fail(cursor->pVtab, code, sqlite3_errmsg(database));
 }
 
 int next_group(sqlite3_vtab_cursor* cursor) {
-  ++scan_of(cursor).position;
-  return SQLITE_OK;
+  Scan& scan = scan_of(cursor);
+  if (scan.groups) {
+    scan.at_end = ++scan.position >= scan.groups->size();
+    return SQLITE_OK;
+  }
+  const int code = step_sorted(scan);
+  if (code == SQLITE_OK) return code;
+  return fail(cursor->pVtab, code, sqlite3_errmsg(table_of(cursor).database));
 }
 
 int is_behind_last(sqlite3_vtab_cursor* cursor) {
-  const Scan& scan = scan_of(cursor);
-  return scan.position >= scan.groups->size() ? 1 : 0;
+  return scan_of(cursor).at_end ? 1 : 0;
 }
 
 int column_value(sqlite3_vtab_cursor* cursor, sqlite3_context* context, int column) {
   const Scan& scan = scan_of(cursor);
+  if (!scan.groups) {
+    sqlite3_result_value(context, sqlite3_column_value(scan.sorted.get(), column));
+    return SQLITE_OK;
+  }
   try {
     set_result(context, scan.groups->value(scan.position, static_cast<std::size_t>(column)));
     return SQLITE_OK;
@@ -182,9 +238,11 @@ sqlite3_module make_module() {
 
 }  // namespace
 
-void register_groups(sqlite3* database) {
+void register_groups(sqlite3* database, std::size_t most_in_memory) {
   static const sqlite3_module module = make_module();
-  const int code = sqlite3_create_module_v2(database, "tela_groups", &module, nullptr, nullptr);
+  const auto forget = [](void* most) { delete static_cast<std::size_t*>(most); };
+  const int code = sqlite3_create_module_v2(database, "tela_groups", &module,
+                                            new std::size_t(most_in_memory), forget);
   if (code != SQLITE_OK) throw sqlite_error(database, code);
 }
 

@@ -24,7 +24,7 @@ class GroupTable {
   /// To be called behind the last row: puts the groups in the order of their keys.
   void sort();
 
-  std::size_t size() const { return order_.size(); }
+  std::size_t size() const { return keys_.size(); }
   /// A column of the group at `position` in the order of the keys. Throws tsql::CompileError for a
   /// sum that is too large.
   tsql::StoredValue value(std::size_t position, std::size_t column) const;

@@ -1,0 +1,164 @@
+// What the item report and the daily bill report take on a large catalogue, beside the same rows
+// asked of the sqlite3 shell on the same file and of PostgreSQL.
+//
+//   reports_bench CATALOGUE.db [SMALL.db] [PSQL-COMMAND]
+//
+// CATALOGUE holds ten years that end on 31/12/2024, SMALL (may be "") the last months of such a
+// shop; PSQL-COMMAND starts a psql on a copy of the large one's tables (load_postgres.sh prints
+// it). Every time is the best of several runs in a running process, rows read to the last.
+#include <sys/resource.h>
+
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <limits>
+#include <memory>
+
+#include "platform/embedded/embedded_catalogue.h"
+#include "sql_shell.h"
+
+namespace tela::bench {
+namespace {
+
+struct Question {
+  const char* name;
+  std::string program;  ///< as the screen writes it
+  std::string sqlite;   ///< by hand, in the engine's stored form of dates
+  std::string postgres;
+  int runs;
+  double most_of_shell;
+  double most_of_postgres;  ///< 0 where nothing is asked
+};
+
+std::string items_of_program(const std::string& where) {
+  return "select icode,iname,mrp,salerate,sum(qty),sum(qty) * salerate from sales where " + where +
+         " group by icode,iname,mrp,salerate order by iname";
+}
+
+std::string items_by_hand(const std::string& where) {
+  return "SELECT iCode, iName, mrp, SaleRate, sum(Qty), sum(Qty) * SaleRate FROM Sales WHERE " +
+         where + " GROUP BY iCode, iName, mrp, SaleRate ORDER BY iName;";
+}
+
+std::string between(const std::string& first, const std::string& last) {
+  return "BillDate >= " + first + " AND BillDate <= " + last;
+}
+
+Question items(const char* name, const std::string& program, const std::string& sqlite,
+               const std::string& postgres, int runs, double most_of_shell,
+               double most_of_postgres) {
+  return {name,
+          items_of_program(program),
+          items_by_hand(sqlite),
+          items_by_hand(postgres),
+          runs,
+          most_of_shell,
+          most_of_postgres};
+}
+
+Question daily_bills() {
+  const std::string by_hand =
+      "SELECT BillNo, BillDate, BillTime, NetAmount, DiscAmount, Total, CASE WHEN BillType IN "
+      "('CASH/CREDIT', 'POINTS SALES') THEN Total - (CardPaid + MealsPaid + MobilePay + "
+      "PointsUsed) ELSE CashPaid END, CardPaid, MealsPaid, MobilePay, PointsUsed FROM SalesTemp "
+      "WHERE BillDate = ";
+  return {"bills of a day",
+          "select billno,billdate,BillTime,str(netamount,8,2)'NET AMT',str(DiscAmount,8,2)"
+          "'Discount',str(Total,8,2),(case when BillType='CASH/CREDIT' or BillType='POINTS SALES' "
+          "then Total-(CardPaid+MealsPaid+MobilePay+PointsUsed) else CashPaid end),str(CardPaid,8,"
+          "2),str(MealsPaid,8,2),MobilePay,STR(PointsUsed,8,2) from salestemp where "
+          "billdate='16/Dec/2024' order by billno",
+          by_hand + "20241216 ORDER BY BillNo;",
+          {},
+          50,
+          1.3,
+          0};
+}
+
+std::vector<Question> questions() {
+  return {
+      items("items of a day", "billdate='16/Dec/2024'", "BillDate = 20241216",
+            "BillDate = '2024-12-16'", 50, 1.3, 1.0),
+      items("items of a month", "billdate>='01/Dec/2024' and billdate<='31/Dec/2024'",
+            between("20241201", "20241231"), between("'2024-12-01'", "'2024-12-31'"), 15, 1.0, 1.0),
+      items("items of ten years", "billdate>='01/Jan/2014' and billdate<='31/Dec/2024'",
+            between("20140101", "20241231"), between("'2014-01-01'", "'2024-12-31'"), 3, 1.0 / 8,
+            1.2),
+      daily_bills(),
+  };
+}
+
+/// Seconds, the best of some runs.
+double best_of(int runs, const std::function<void()>& action) {
+  double best = std::numeric_limits<double>::infinity();
+  for (int run = 0; run < runs; ++run) {
+    const auto start = std::chrono::steady_clock::now();
+    action();
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
+    best = std::min(best, took.count());
+  }
+  return best;
+}
+
+std::unique_ptr<Connection> connect(const std::string& file) {
+  auto connection = make_embedded_connection(file);
+  connection->open("Initial Catalog=TelaData");
+  connection->set_command_timeout(std::chrono::seconds(600));
+  return connection;
+}
+
+void print(const char* name, const char* peer, double ours, double theirs, double most) {
+  const double ratio = ours / theirs;
+  std::printf("%-20s %-12s %12.2f ms %12.2f ms   %6.3f   at most %.3f %s\n", name, peer,
+              ours * 1000, theirs * 1000, ratio, most, ratio <= most ? "" : "  MISSED");
+}
+
+long peak_megabytes() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  return usage.ru_maxrss / 1024;
+}
+
+void compare(const std::string& file, const std::string& psql) {
+  const auto program = connect(file);
+  SqlShell sqlite("sqlite3 -cmd 'PRAGMA cache_size=-65536' '" + file + "'");
+  const auto postgres = psql.empty() ? nullptr : std::make_unique<SqlShell>(psql);
+  for (const Question& question : questions()) {
+    std::size_t rows = 0;
+    const double ours =
+        best_of(question.runs, [&] { rows = program->execute(question.program).rows.size(); });
+    std::size_t other_rows = 0;
+    const double shells = best_of(question.runs, [&] { other_rows = sqlite.run(question.sqlite); });
+    print(question.name, "sqlite3", ours, shells, question.most_of_shell);
+    if (other_rows != rows) std::printf("  %zu rows, there %zu\n", rows, other_rows);
+    if (postgres == nullptr || question.postgres.empty()) continue;
+    const double peers =
+        best_of(question.runs, [&] { other_rows = postgres->run(question.postgres); });
+    print(question.name, "PostgreSQL", ours, peers, question.most_of_postgres);
+    if (other_rows != rows) std::printf("  %zu rows, there %zu\n", rows, other_rows);
+  }
+  std::printf("peak memory: %ld MB (at most 300)\n", peak_megabytes());
+}
+
+void compare_sizes(const std::string& large, const std::string& small) {
+  constexpr int runs = 15;
+  const std::string& month = questions()[1].program;
+  const auto time = [&](const std::string& file) {
+    const auto connection = connect(file);
+    return best_of(runs, [&] { connection->execute(month); });
+  };
+  print("items of a month", "small file", time(large), time(small), 1.3);
+}
+
+}  // namespace
+}  // namespace tela::bench
+
+int main(int count, char** words) {
+  if (count < 2) {
+    std::fputs("usage: reports_bench CATALOGUE.db [SMALL.db] [PSQL-COMMAND]\n", stderr);
+    return 2;
+  }
+  const std::string small = count > 2 ? words[2] : "";
+  tela::bench::compare(words[1], count > 3 ? words[3] : "");
+  if (!small.empty()) tela::bench::compare_sizes(words[1], small);
+}
