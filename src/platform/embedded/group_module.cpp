@@ -8,8 +8,8 @@
 #include <optional>
 #include <string>
 
+#include "platform/embedded/group_queries.h"
 #include "platform/embedded/group_table.h"
-#include "platform/embedded/sorted_groups.h"
 #include "platform/embedded/sqlite_handles.h"
 #include "platform/embedded/stored_values.h"
 
@@ -130,15 +130,43 @@ int prepare(sqlite3* database, std::string_view sql, const Call& call, Select& s
   return code;
 }
 
-// SQLite's code for how the source's rows ended; SQLITE_ROW if they make too many groups.
-int hash_rows(GroupTable& groups, sqlite3_stmt* source, std::size_t most) {
-  int code = SQLITE_ROW;
-  while ((code = sqlite3_step(source)) == SQLITE_ROW) {
-    groups.add(source);
-    if (groups.size() > most) return SQLITE_ROW;
+/// Takes the source's rows inside SQLite's own loop: an aggregate function that keeps no value.
+struct Collector {
+  static constexpr const char* pointer_type = "tela_groups";
+
+  GroupTable groups;
+  std::size_t most_groups;
+  bool is_full = false;
+};
+
+void collect_row(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
+  auto* collector =
+      static_cast<Collector*>(sqlite3_value_pointer(values[0], Collector::pointer_type));
+  if (collector == nullptr) return sqlite3_result_error(context, "tela_collect is internal.", -1);
+  try {
+    collector->groups.add(values + 1);
+  } catch (const std::exception&) {  // nothing but memory can be short
+    return sqlite3_result_error_nomem(context);
   }
-  groups.sort();
-  return code;
+  if (collector->groups.size() <= collector->most_groups) return;
+  collector->is_full = true;
+  sqlite3_result_error(context, "There are too many groups.", -1);
+}
+
+void end_rows(sqlite3_context* context) {
+  sqlite3_result_null(context);
+}
+
+// SQLite's code for how the source's rows ended.
+int hash_rows(Collector& collector, sqlite3* database, const Call& call) {
+  Select rows;
+  int code = prepare(database, collecting_sql(call.source, call.plan), call, rows);
+  if (code != SQLITE_OK) return code;
+  const int behind_parameters = sqlite3_bind_parameter_count(rows.get());
+  code = sqlite3_bind_pointer(rows.get(), behind_parameters, &collector, Collector::pointer_type,
+                              nullptr);
+  if (code == SQLITE_OK) code = sqlite3_step(rows.get());
+  return code == SQLITE_ROW ? SQLITE_OK : code;
 }
 
 int step_sorted(Scan& scan) {
@@ -153,18 +181,14 @@ int sort_rows(Scan& scan, sqlite3* database, const Call& call) {
 }
 
 int make_groups(Scan& scan, const GroupsTable& table, const Call& call) {
-  Select source;
-  int code = prepare(table.database, call.source, call, source);
+  Collector collector{GroupTable(call.plan), table.most_in_memory};
+  const int code = hash_rows(collector, table.database, call);
+  if (collector.is_full) return sort_rows(scan, table.database, call);
   if (code != SQLITE_OK) return code;
-  scan.groups.emplace(call.plan);
-  code = hash_rows(*scan.groups, source.get(), table.most_in_memory);
-  if (code == SQLITE_ROW) {
-    scan.groups.reset();
-    source.reset();  // whose end would cover up a later error
-    return sort_rows(scan, table.database, call);
-  }
+  collector.groups.sort();
+  scan.groups = std::move(collector.groups);
   scan.at_end = scan.groups->size() == 0;
-  return code == SQLITE_DONE ? SQLITE_OK : code;
+  return SQLITE_OK;
 }
 
 int begin_scan(sqlite3_vtab_cursor* cursor, int /*plan*/, const char* /*name*/, int count,
@@ -172,6 +196,7 @@ int begin_scan(sqlite3_vtab_cursor* cursor, int /*plan*/, const char* /*name*/, 
   constexpr int own_arguments = 2;
   Scan& scan = scan_of(cursor);
   const GroupsTable& table = table_of(cursor);
+  scan.groups.reset();
   scan.sorted.reset();
   scan.position = 0;
   try {
@@ -241,8 +266,12 @@ sqlite3_module make_module() {
 void register_groups(sqlite3* database, std::size_t most_in_memory) {
   static const sqlite3_module module = make_module();
   const auto forget = [](void* most) { delete static_cast<std::size_t*>(most); };
-  const int code = sqlite3_create_module_v2(database, "tela_groups", &module,
-                                            new std::size_t(most_in_memory), forget);
+  int code = sqlite3_create_module_v2(database, "tela_groups", &module,
+                                      new std::size_t(most_in_memory), forget);
+  if (code == SQLITE_OK) {
+    code = sqlite3_create_function_v2(database, "tela_collect", -1, SQLITE_UTF8 | SQLITE_DIRECTONLY,
+                                      nullptr, nullptr, collect_row, end_rows, nullptr);
+  }
   if (code != SQLITE_OK) throw sqlite_error(database, code);
 }
 

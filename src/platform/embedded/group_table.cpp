@@ -73,20 +73,20 @@ GroupTable::GroupTable(std::string_view plan) {
   }
 }
 
-void GroupTable::add(sqlite3_stmt* row) {
+void GroupTable::add(Row row) {
   auto total = totals_.begin() + static_cast<std::ptrdiff_t>(group_of(row) * aggregates_.size());
-  int column = static_cast<int>(key_count_);
+  Row value = row + key_count_;
   for (const GroupColumn kind : aggregates_) {
     if (kind == GroupColumn::count_rows) {
       ++std::get<std::int64_t>(*total);
     } else {
-      add_value(*total, kind, RowValue(row, column++));
+      add_value(*total, kind, RowValue(*value++));
     }
     ++total;
   }
 }
 
-std::uint32_t GroupTable::group_of(sqlite3_stmt* row) {
+std::uint32_t GroupTable::group_of(Row row) {
   spell_keys(row);
   if (const auto known = by_spelling_.find(spelling_)) return *known;
   const std::uint32_t group = group_of_new_spelling(row);
@@ -94,17 +94,17 @@ std::uint32_t GroupTable::group_of(sqlite3_stmt* row) {
   return group;
 }
 
-void GroupTable::spell_keys(sqlite3_stmt* row) {
+void GroupTable::spell_keys(Row row) {
   spelling_.clear();
   for (std::size_t i = 0; i < key_count_; ++i) {
-    spell(spelling_, RowValue(row, static_cast<int>(i)));
+    spell(spelling_, RowValue(row[i]));
   }
 }
 
-std::uint32_t GroupTable::group_of_new_spelling(sqlite3_stmt* row) {
+std::uint32_t GroupTable::group_of_new_spelling(Row row) {
   Keys keys(key_count_);
   for (std::size_t i = 0; i < key_count_; ++i) {
-    keys[i] = RowValue(row, static_cast<int>(i)).stored();
+    keys[i] = RowValue(row[i]).stored();
   }
   const std::size_t hash = hash_keys(keys);
   const auto [begin, end] = by_value_.equal_range(hash);

@@ -16,11 +16,13 @@ namespace tela::embedded {
 /// by its bytes, and of a number the first that came.
 class GroupTable {
  public:
+  using Row = sqlite3_value**;
+
   /// `plan` holds a letter for each column of the groups (tsql/group_plan.h).
   explicit GroupTable(std::string_view plan);
 
-  /// Adds the statement's current row to its group.
-  void add(sqlite3_stmt* row);
+  /// Adds a row, which has the columns of the source, to its group.
+  void add(Row row);
   /// To be called behind the last row: puts the groups in the order of their keys.
   void sort();
 
@@ -32,9 +34,9 @@ class GroupTable {
  private:
   using Keys = std::vector<tsql::StoredValue>;
 
-  std::uint32_t group_of(sqlite3_stmt* row);
-  void spell_keys(sqlite3_stmt* row);
-  std::uint32_t group_of_new_spelling(sqlite3_stmt* row);
+  std::uint32_t group_of(Row row);
+  void spell_keys(Row row);
+  std::uint32_t group_of_new_spelling(Row row);
   std::uint32_t add_group(Keys keys, std::size_t hash);
 
   std::size_t key_count_ = 0;

@@ -11,10 +11,10 @@
 
 namespace tela::embedded {
 
-/// A value of a statement's current row; its text lives as long as the row stands.
+/// A value of the row at hand; its text lives as long as the row stands.
 class RowValue {
  public:
-  RowValue(sqlite3_stmt* row, int column);
+  explicit RowValue(sqlite3_value* value);
 
   bool is_null() const { return type_ == SQLITE_NULL; }
   bool is_whole() const { return type_ == SQLITE_INTEGER; }

@@ -1,4 +1,4 @@
-#include "platform/embedded/sorted_groups.h"
+#include "platform/embedded/group_queries.h"
 
 #include "platform/tsql/group_plan.h"
 
@@ -33,10 +33,29 @@ void append(std::string& list, const std::string& member) {
   list += member;
 }
 
+/// "c0, c1, …": a name for each column of the source.
+std::string source_columns(std::string_view plan) {
+  std::string columns;
+  int taken = 0;
+  for (const char letter : plan) {
+    if (static_cast<GroupColumn>(letter) == GroupColumn::count_rows) continue;
+    append(columns, "c" + std::to_string(taken++));
+  }
+  return columns;
+}
+
+std::string with_source(std::string_view source, const std::string& columns) {
+  return "WITH source(" + columns + ") AS (" + std::string(source) + ") SELECT ";
+}
+
 }  // namespace
 
+std::string collecting_sql(std::string_view source, std::string_view plan) {
+  const std::string columns = source_columns(plan);
+  return with_source(source, columns) + "tela_collect(?, " + columns + ") FROM source";
+}
+
 std::string sorted_groups_sql(std::string_view source, std::string_view plan) {
-  std::string columns;
   std::string keys;
   std::string results;
   int taken = 0;
@@ -45,12 +64,10 @@ std::string sorted_groups_sql(std::string_view source, std::string_view plan) {
     const std::string column = "c" + std::to_string(taken);
     append(results, result(kind, column));
     if (kind == GroupColumn::key) append(keys, column + " COLLATE TELA");
-    if (kind == GroupColumn::count_rows) continue;
-    append(columns, column);
-    ++taken;
+    if (kind != GroupColumn::count_rows) ++taken;
   }
-  return "WITH source(" + columns + ") AS (" + std::string(source) + ") SELECT " + results +
-         " FROM source GROUP BY " + keys + " ORDER BY " + keys;
+  return with_source(source, source_columns(plan)) + results + " FROM source GROUP BY " + keys +
+         " ORDER BY " + keys;
 }
 
 }  // namespace tela::embedded
