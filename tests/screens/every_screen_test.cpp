@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "screens/registry.h"
 #include "shell/main_menu.h"
 #include "support/shop.h"
@@ -84,22 +86,27 @@ void work_through(Shop& shop, const std::string& name) {
   shop.run("switch " + name + "\nclose");
 }
 
-class EveryScreen : public ::testing::TestWithParam<ScreenEntry> {};
+using Case = std::tuple<ScreenEntry, bool, const char*>;  // a screen, a full catalogue, a password
 
-TEST_P(EveryScreen, WorksOnAnEmptyCatalogue) {
+class EveryScreen : public ::testing::TestWithParam<Case> {};
+
+TEST_P(EveryScreen, WorksWhateverIsPressed) {
+  const auto& [entry, full, password] = GetParam();
   Shop shop;
-  work_through(shop, std::string(GetParam().name));
+  if (full) add_trade(shop);
+  shop.run(std::string("login KESTR ") + password);
+  work_through(shop, std::string(entry.name));
 }
 
-TEST_P(EveryScreen, WorksOnAFullCatalogueAtTheRestrictedLevel) {
-  Shop shop;
-  add_trade(shop);
-  shop.run("login KESTR KESTR");
-  work_through(shop, std::string(GetParam().name));
+std::string case_name(const ::testing::TestParamInfo<Case>& info) {
+  const auto& [entry, full, password] = info.param;
+  return std::string(entry.name) + (full ? "_full_" : "_empty_") + password;
 }
 
-INSTANTIATE_TEST_SUITE_P(Registry, EveryScreen, ::testing::ValuesIn(all_screens()),
-                         [](const auto& test) { return std::string(test.param.name); });
+INSTANTIATE_TEST_SUITE_P(Registry, EveryScreen,
+                         ::testing::Combine(::testing::ValuesIn(all_screens()), ::testing::Bool(),
+                                            ::testing::Values("KESTR", "KESTR472")),
+                         case_name);
 
 TEST(Registry, NamesEachScreenAsItNamesItself) {
   Shop shop;

@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "screens/profit/frmBillWiseProfit.h"
 #include "screens/profit/frmCatagoryProfit.h"
 #include "screens/profit/frmMonthlyProfit.h"
@@ -136,6 +138,47 @@ TEST_F(ItemLists, ProfitByBillAndItsLines) {
   EXPECT_EQ(state["controls"]["tTotal"], "100.00");
   EXPECT_EQ(state["controls"]["tPercent"], "75.00");
   EXPECT_EQ(row(state, 1)[2], "Rice");
+}
+
+double total(Shop& shop, const std::string& script, const std::string& box) {
+  return std::stod(shop.show(script)["controls"][box].get<std::string>());
+}
+
+TEST_F(ItemLists, TheReportsAgreeOnWhatWasSold) {
+  const std::string period = "\nset DTP1 01/01/2024\nset DTP2 31/01/2024\n";
+  const double by_item =
+      total(shop, "open frmItemSalesReport" + period + "pick Combo1 ALL COUNTER\npress cmdView",
+            "tTotal");
+  double by_category = 0;
+  for (const char* category : {"GRAINS", "SOAPS"})
+    by_category +=
+        total(shop, "open FrmCatagorysale" + period + "pick Combo1 " + category + "\npress cmdView",
+              "tTotal");
+  EXPECT_DOUBLE_EQ(by_category, by_item);
+  const double profit_by_item =
+      total(shop, "open frmMonthlyProfit" + period + "press cmdView", "tTotalProfit");
+  EXPECT_DOUBLE_EQ(total(shop, "open frmBillWiseProfit" + period + "press cmdView", "tTotalProfit"),
+                   profit_by_item);
+}
+
+// A total sums the cells as they are shown, each rounded to the paisa. Rows that are cut another
+// way are rounded another way: two bills of 1.2625 each come to 2.52, the one item row of 2.525
+// to 2.53.
+TEST_F(ItemLists, ReportsDifferByTheRoundingOfTheirRows) {
+  for (int bill = 11; bill <= 12; ++bill)
+    shop.add({.number = bill, .date = "2024-03-01", .lines = {{1, "Rice", 12, 10.1, 8, 0.125}}});
+  const std::string day = "\nset DTP1 01/03/2024\nset DTP2 01/03/2024\npress cmdView";
+  EXPECT_EQ(shop.show("open frmBillWiseProfit" + day)["controls"]["tTotalSales"], "2.52");
+  EXPECT_EQ(shop.show("open frmMonthlyProfit" + day)["controls"]["tTotalSales"], "2.53");
+  // What does not fit its eight characters comes as asterisks, and counts 0 in the item list alone.
+  shop.add({.number = 13, .date = "2024-03-02", .lines = {{1, "Rice", 12, 10, 8, 10000}}});
+  const std::string big = "\nset DTP1 02/03/2024\nset DTP2 02/03/2024\n";
+  EXPECT_EQ(shop.show("open frmItemSalesReport" + big +
+                      "pick Combo1 ALL COUNTER\npress cmdView")["controls"]["tTotal"],
+            "0.00");
+  EXPECT_EQ(shop.show("open FrmCatagorysale" + big +
+                      "pick Combo1 GRAINS\npress cmdView")["controls"]["tTotal"],
+            "100000.00");
 }
 
 // The statements are exact: joined from the screens' pieces, they read as the server has always
