@@ -16,29 +16,28 @@ Screen::Screen(AppState& app, std::string name, std::string caption, std::vector
   form_.on_change([this](Control& control) { raise(control, Event::change); });
 }
 
-void Screen::define(std::string_view control, Event event, Handler handler) {
-  const auto [place, fresh] =
-      handlers_.try_emplace({form_.at(control).name, event}, std::move(handler));
+void Screen::define(std::string_view control, Event event, const Handler& handler) {
+  const auto [place, fresh] = handlers_.try_emplace({form_.at(control).name, event}, handler);
   if (!fresh) throw std::logic_error(name_ + ": " + place->first.first + " has two handlers");
 }
 
-void Screen::on_press(std::string_view button, Handler handler) {
-  define(button, Event::press, std::move(handler));
+void Screen::on_press(std::string_view button, const Handler& handler) {
+  define(button, Event::press, handler);
 }
-void Screen::on_key(std::string_view control, Key key, Handler handler) {
-  define(control, key == Key::enter ? Event::enter : Event::up, std::move(handler));
+void Screen::on_key(std::string_view control, Key key, const Handler& handler) {
+  define(control, key == Key::enter ? Event::enter : Event::up, handler);
 }
-void Screen::on_change(std::string_view control, Handler handler) {
-  define(control, Event::change, std::move(handler));
+void Screen::on_change(std::string_view control, const Handler& handler) {
+  define(control, Event::change, handler);
 }
-void Screen::on_pick(std::string_view control, Handler handler) {
-  define(control, Event::pick, std::move(handler));
+void Screen::on_pick(std::string_view control, const Handler& handler) {
+  define(control, Event::pick, handler);
 }
-void Screen::on_leave(std::string_view control, Handler handler) {
-  define(control, Event::leave, std::move(handler));
+void Screen::on_leave(std::string_view control, const Handler& handler) {
+  define(control, Event::leave, handler);
 }
-void Screen::on_double_click(std::string_view grid, Handler handler) {
-  define(grid, Event::double_click, std::move(handler));
+void Screen::on_double_click(std::string_view grid, const Handler& handler) {
+  define(grid, Event::double_click, handler);
 }
 
 void Screen::key_walk(const std::vector<std::string>& controls) {

@@ -64,14 +64,14 @@ class Screen {
 
   // The definition of what happens. Each throws std::logic_error if the control is not declared, so
   // that a wrong name shows as soon as the screen is made.
-  void on_press(std::string_view button, Handler handler);
-  void on_key(std::string_view control, Key key, Handler handler);
+  void on_press(std::string_view button, const Handler& handler);
+  void on_key(std::string_view control, Key key, const Handler& handler);
   /// The control's text or date has changed, by the user or by the program.
-  void on_change(std::string_view control, Handler handler);
+  void on_change(std::string_view control, const Handler& handler);
   /// The user has chosen an entry of the control's list.
-  void on_pick(std::string_view control, Handler handler);
-  void on_leave(std::string_view control, Handler handler);
-  void on_double_click(std::string_view grid, Handler handler);
+  void on_pick(std::string_view control, const Handler& handler);
+  void on_leave(std::string_view control, const Handler& handler);
+  void on_double_click(std::string_view grid, const Handler& handler);
   /// Enter in each control moves the focus to the next one.
   void key_walk(const std::vector<std::string>& controls);
 
@@ -83,7 +83,7 @@ class Screen {
  private:
   enum class Event { press, enter, up, change, pick, leave, double_click };
 
-  void define(std::string_view control, Event event, Handler handler);
+  void define(std::string_view control, Event event, const Handler& handler);
   void raise(const Control& control, Event event);
   Control& usable(std::string_view control);
   void run(const std::function<void()>& event);
