@@ -103,7 +103,7 @@ std::vector<Supplier> make_suppliers(int count, Random& random) {
 std::vector<Customer> make_customers(int count, Random& random) {
   std::vector<Customer> customers;
   for (int i = 0; i < count; ++i) {
-    customers.push_back({"C" + std::to_string(1001 + i), paired_name(first_names, last_names, i),
+    customers.push_back({std::to_string(1001 + i), paired_name(first_names, last_names, i),
                          random.between(0, 300), 0});
   }
   return customers;
