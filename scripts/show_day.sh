@@ -1,6 +1,6 @@
 #!/bin/sh
 # Prints the daily sales report of the last day with bills, of one counter and of all, as a user of
-# the screen would see it, and writes its printed form to out/daily_sales.pdf.
+# the screen would see it, and writes its printed form and pictures of the windows to out/.
 #
 # usage: scripts/show_day.sh FOLDER     FOLDER holds the built programs
 set -eu
@@ -42,4 +42,10 @@ press cmdprint
 pdf out/daily_sales.pdf
 SCRIPT
   echo "Its printed form is out/daily_sales.pdf."
+fi
+
+# The same screens as windows.
+reports=$programs/tela_reports/tela_reports
+if [ -x "$reports" ] && QT_QPA_PLATFORM=offscreen "$reports" --pictures out 2>out/pictures.log; then
+  echo "Pictures of the windows are in out/."
 fi
