@@ -145,7 +145,7 @@ void compare(const std::string& file, const std::string& psql) {
 
 void compare_sizes(const std::string& large, const std::string& small) {
   constexpr int runs = 15;
-  const std::string& month = questions()[1].program;
+  const std::string month = questions()[1].program;
   const auto time = [&](const std::string& file) {
     const auto connection = connect(file);
     return best_of(runs, [&] { connection->execute(month); });
