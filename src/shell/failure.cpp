@@ -22,7 +22,6 @@ void clean_up(AppState& app) {
 
 void report(AppState& app, const std::string& reason) {
   clean_up(app);
-  app.display.pointer(Pointer::normal);
   app.display.message(
       {"The action could not be completed.\n" + reason, Icon::critical, Buttons::ok, app.ShopName});
 }
