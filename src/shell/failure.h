@@ -31,7 +31,8 @@ void pass_over(Body&& body) {
 }
 
 /// Runs one event to its end. A failure that nothing caught ends the action: what it had open is
-/// rolled back, the user is told in a box titled with the shop's name, and the program goes on. UserActionError alone goes on up to whoever drives the screen.
+/// rolled back, the user is told in a box titled with the shop's name, and the program goes on.
+/// UserActionError alone goes on up to whoever drives the screen.
 void run_event(AppState& app, const std::function<void()>& event);
 
 }  // namespace tela
