@@ -33,6 +33,9 @@ const char* hindrance(int code) {
   }
 }
 
+// The engine's own bound on nesting lies below the front end's for some statements.
+constexpr std::string_view kTooDeep = "parser stack overflow";
+
 }  // namespace
 
 DatabaseError sqlite_error(sqlite3* database, int code) {
@@ -45,6 +48,7 @@ DatabaseError sqlite_error(sqlite3* database, int code) {
     return error(Kind::busy, "Another program changed the catalogue during this transaction.");
   if (code == SQLITE_READONLY_DIRECTORY || code == SQLITE_READONLY_CANTINIT)
     return error(Kind::storage, file + " cannot be shared: its folder is read-only.");
+  if (engine == kTooDeep) return error(Kind::syntax, "The statement is nested too deeply.");
   switch (code & 0xff) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
