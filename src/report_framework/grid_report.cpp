@@ -188,7 +188,7 @@ void GridReport::tell(const std::string& text, Icon icon) {
 }
 
 std::optional<std::string> GridReport::take_counter() {
-  const auto counter = counter_number(form().text("Combo1"));
+  auto counter = counter_number(form().text("Combo1"));
   if (counter) form().set_text("tCounter", *counter);
   return counter;
 }
