@@ -1,7 +1,6 @@
 #include "support/shop.h"
 
-#include <unistd.h>
-
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
@@ -42,17 +41,6 @@ class MemoryPort : public PrinterPort {
 };
 
 }  // namespace
-
-TemporaryFolder::TemporaryFolder() {
-  std::string name = (std::filesystem::temp_directory_path() / "tela-XXXXXX").string();
-  if (!mkdtemp(name.data())) throw std::runtime_error("cannot make a folder for a test");
-  path_ = name;
-}
-
-TemporaryFolder::~TemporaryFolder() {
-  std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
-}
 
 void create_catalogue(const Paths& paths) {
   const std::filesystem::path texts = std::filesystem::path(TELA_SOURCE_DIR) / "catalogue";

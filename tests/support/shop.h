@@ -2,7 +2,6 @@
 // driven by scripts as the console drives it.
 #pragma once
 
-#include <filesystem>
 #include <map>
 #include <memory>
 #include <nlohmann/json.hpp>
@@ -14,21 +13,9 @@
 #include "platform/paths/paths.h"
 #include "shell/app_state.h"
 #include "shell/windows.h"
+#include "support/temporary_folder.h"
 
 namespace tela::testing {
-
-/// A folder that goes away with the value.
-class TemporaryFolder {
- public:
-  TemporaryFolder();
-  ~TemporaryFolder();
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  const std::filesystem::path& path() const { return path_; }
-
- private:
-  std::filesystem::path path_;
-};
 
 /// Creates the embedded catalogue of a platform root from the project's own schema, with its
 /// start-up rows and nothing else.
