@@ -46,7 +46,8 @@ year_month_day date_of(std::int64_t stored) {
 
 std::int64_t stored(year_month_day date) {
   return std::int64_t{static_cast<int>(date.year())} * 10000 +
-         static_cast<unsigned>(date.month()) * 100 + static_cast<unsigned>(date.day());
+         std::int64_t{static_cast<unsigned>(date.month())} * 100 +
+         static_cast<unsigned>(date.day());
 }
 
 unsigned weekday_index(year_month_day date) {

@@ -102,6 +102,7 @@ std::vector<Supplier> make_suppliers(int count, Random& random) {
 
 std::vector<Customer> make_customers(int count, Random& random) {
   std::vector<Customer> customers;
+  customers.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) {
     customers.push_back({std::to_string(1001 + i), paired_name(first_names, last_names, i),
                          random.between(0, 300), 0});
@@ -111,6 +112,7 @@ std::vector<Customer> make_customers(int count, Random& random) {
 
 std::vector<BusinessBuyer> make_business_buyers(int count, Random& random) {
   std::vector<BusinessBuyer> buyers;
+  buyers.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) {
     buyers.push_back({paired_name(firm_names, shop_kinds, i), gst_number(home_state, random)});
   }
