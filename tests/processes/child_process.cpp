@@ -1,10 +1,13 @@
 #include "processes/child_process.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include <cerrno>
 
 #include <stdexcept>
 #include <utility>
@@ -70,6 +73,11 @@ void ChildProcess::end_input() {
 
 void ChildProcess::kill() {
   ::kill(id_, SIGKILL);
+}
+
+void ChildProcess::wait_for_output() const {
+  pollfd output{output_, POLLIN, 0};
+  while (poll(&output, 1, -1) < 0 && errno == EINTR) continue;
 }
 
 int ChildProcess::wait() {

@@ -19,6 +19,8 @@ class ChildProcess {
   /// Ends its standard input, which asks it to come to its end.
   void end_input();
   void kill();
+  /// Waits until it has printed something, or has ended.
+  void wait_for_output() const;
   /// Waits for its end; its exit code, or minus the signal that ended it.
   int wait();
   /// All that it printed, to its end. To be called once.
