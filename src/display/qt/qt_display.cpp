@@ -65,7 +65,11 @@ QtDisplay::QtDisplay(DesktopSettings& settings, DesktopHooks hooks)
   set_text_size(settings_.text_percent());
 }
 
-QtDisplay::~QtDisplay() = default;
+// The screens may be gone by now, while Qt still asks the windows that go for their headings.
+QtDisplay::~QtDisplay() {
+  for (const auto& [name, child] : children_) child->view().detach();
+  if (login_) login_->view().detach();
+}
 
 void QtDisplay::start(AppState& app) {
   app_ = &app;
