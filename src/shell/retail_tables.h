@@ -1,5 +1,5 @@
-// The common vocabulary of the retail catalogue: the coded values that statements compare against,
-// and the till counters as screens offer them. Tables and columns stand in catalogue/schema.sql.
+// The common vocabulary of the retail catalogue: the till counters as screens offer them. Tables and
+// columns stand in catalogue/schema.sql; statements name their coded values word for word.
 #pragma once
 
 #include <optional>
@@ -8,14 +8,6 @@
 #include <vector>
 
 namespace tela {
-
-/// `SalesTemp.BillType`.
-namespace bill_type {
-inline constexpr std::string_view kCashCredit = "CASH/CREDIT";
-inline constexpr std::string_view kPointsSales = "POINTS SALES";
-inline constexpr std::string_view kCreditBill = "CREDIT BILL";
-inline constexpr std::string_view kHomeDelivery = "HOME DELIVERY";
-}  // namespace bill_type
 
 /// The entry that stands for all till counters.
 inline constexpr std::string_view kAllCounter = "ALL COUNTER";
