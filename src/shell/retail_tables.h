@@ -1,5 +1,5 @@
-// The common vocabulary of the retail catalogue: the till counters as screens offer them. Tables and
-// columns stand in catalogue/schema.sql; statements name their coded values word for word.
+// The common vocabulary of the retail catalogue: the till counters as screens offer them. Tables
+// and columns stand in catalogue/schema.sql; statements name their coded values word for word.
 #pragma once
 
 #include <optional>
