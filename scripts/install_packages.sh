@@ -10,7 +10,7 @@ packages="cmake ninja-build g++ ccache git
   libgtest-dev libgmock-dev libbenchmark-dev
   qt6-base-dev qt6-svg-dev qt6-charts-dev libgl1-mesa-dev
   unixodbc-dev odbcinst tdsodbc libsqliteodbc
-  xvfb fonts-dejavu-core poppler-utils"
+  xvfb fonts-dejavu-core fonts-liberation poppler-utils"
 if [ "${1:-}" = --lint ]; then
   packages="$packages clang clang-format clang-tidy"
 fi
