@@ -36,11 +36,6 @@ Control Control::selected_on_focus() && {
   return std::move(*this);
 }
 
-Control Control::hidden() && {
-  visible = false;
-  return std::move(*this);
-}
-
 Control date_picker(std::string name, std::string label) {
   return make(ControlKind::date, std::move(name), std::move(label));
 }

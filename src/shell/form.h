@@ -47,7 +47,6 @@ struct Control {
   Control with_text(std::string value) &&;
   Control numeric() &&;
   Control selected_on_focus() &&;
-  Control hidden() &&;
 };
 
 Control date_picker(std::string name, std::string label);
