@@ -124,7 +124,7 @@ long peak_megabytes() {
 
 void compare(const std::string& file, const std::string& psql) {
   const auto program = connect(file);
-  SqlShell sqlite("sqlite3 -cmd 'PRAGMA cache_size=-65536' '" + file + "'");
+  SqlShell sqlite("sqlite3 '" + file + "'");
   const auto postgres = psql.empty() ? nullptr : std::make_unique<SqlShell>(psql);
   for (const Question& question : questions()) {
     std::size_t rows = 0;

@@ -14,13 +14,15 @@ namespace {
 using test::RandomShop;
 using tsql::Grouping;
 
-// Hashed, hashed until the groups are too many, and sorted.
+// Hashed by one reader and by several, hashed until the groups are too many, and sorted.
 void expect_same_rows(RandomShop& shop, const std::string& sql) {
   const auto sorted = shop.rows(sql, Grouping::by_engine);
   for (const std::size_t most_groups : {100'000, 2}) {
     shop.keep_in_memory(most_groups);
     EXPECT_EQ(shop.rows(sql, Grouping::by_client), sorted) << most_groups << " groups in memory";
   }
+  shop.read_in_parts();
+  EXPECT_EQ(shop.rows(sql, Grouping::by_client), sorted) << "read in parts";
 }
 
 bool is_hashed(std::string_view sql, const RandomShop& shop) {
@@ -72,6 +74,15 @@ const Shape shapes[] = {
     {"select iName, sum(Qty) from Sales group by iName union all "
      "select iName, sum(Qty) from Items group by iName"},
     {"select iName, (select max(Rate) from Items), sum(Qty) from Sales group by iName"},
+    // Days that may be read in parts.
+    {"select iName, Rate, count(*), count(Qty), sum(Qty), avg(Qty), min(Qty), max(Qty), "
+     "min(iName), max(iName), sum(Counter), avg(Counter), min(BillDate), max(BillDate) from Sales "
+     "where BillDate >= '01/Jan/2024' and BillDate <= '31/Jan/2024' group by iName, Rate"},
+    {"select S.iName, I.Rate, sum(S.Qty) from Sales S left join Items I on S.iName = I.iName "
+     "where S.BillDate between '05/Jan/2024' and '14/Jan/2024' and S.Counter in (1, 2) "
+     "group by S.iName, I.Rate"},
+    {"select iName, sum(1 / Qty) from Sales where BillDate between '01/Jan/2024' and "
+     "'31/Jan/2024' group by iName"},
     // Rows, keys and results that fail.
     {"select iName, sum(1 / Qty) from Sales group by iName"},
     {"select 1 / Counter from Sales group by 1 / Counter"},
@@ -106,10 +117,12 @@ INSTANTIATE_TEST_SUITE_P(Random, GroupingShapes, ::testing::ValuesIn(shapes));
 // What the screens ask for, over random rows in every table.
 TEST(GroupingStatements, GiveTheSameRowsHashedAndSorted) {
   constexpr int least_grouped = 70;
+  constexpr int least_in_parts = 30;
   for (const unsigned seed : {1U, 2U, 3U}) {
     RandomShop shop(seed, 40);
     for (const std::string_view script : catalogue_scripts()) shop.define(script);
     int grouped = 0;
+    int in_parts = 0;
     std::set<std::string> created;
     for (const auto& statement : test::read_script("statements.txt")) {
       SCOPED_TRACE(statement.sql);
@@ -119,9 +132,11 @@ TEST(GroupingStatements, GiveTheSameRowsHashedAndSorted) {
       }
       if (!is_hashed(statement.sql, shop)) continue;
       ++grouped;
+      in_parts += tsql::compile(statement.sql, shop.schema()).group_days.empty() ? 0 : 1;
       expect_same_rows(shop, statement.sql);
     }
     EXPECT_GE(grouped, least_grouped);
+    EXPECT_GE(in_parts, least_in_parts);
   }
 }
 

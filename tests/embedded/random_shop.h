@@ -1,5 +1,5 @@
-// A catalogue in memory with the tables of a script, each filled with random rows, whose statements
-// run with either grouping.
+// A catalogue with the tables of a script, each filled with random rows, whose statements run with
+// either grouping, by one reader or by several.
 #pragma once
 
 #include <array>
@@ -11,8 +11,10 @@
 
 #include "platform/embedded/catalogue_schema.h"
 #include "platform/embedded/group_module.h"
+#include "platform/embedded/reading_helpers.h"
 #include "platform/embedded/sql_functions.h"
 #include "platform/embedded/stored_values.h"
+#include "support/temporary_folder.h"
 
 namespace tela::test {
 
@@ -29,7 +31,7 @@ class RandomValues {
       case tsql::TypeKind::real:
         return numbers[below(numbers.size())];
       case tsql::TypeKind::date:
-        return static_cast<std::int64_t>(20240104 + below(4));
+        return static_cast<std::int64_t>(20240104 + below(12));
       default:
         return static_cast<std::int64_t>(below(4));
     }
@@ -50,14 +52,18 @@ class RandomShop {
  public:
   RandomShop(unsigned seed, int rows_a_table)
       : values_(seed), rows_a_table_(rows_a_table), schema_(database_) {
+    database_.run("PRAGMA journal_mode=WAL; PRAGMA synchronous=OFF");
     register_sql_functions(database_.handle());
     embedded::create_procedure_store(database_);
   }
 
   /// From now on the client leaves more groups than these to the engine.
   void keep_in_memory(std::size_t most_groups) {
-    embedded::register_groups(database_.handle(), most_groups);
+    embedded::register_groups(database_.handle(), {.most_in_memory = most_groups});
   }
+
+  /// From now on the client groups with helpers, where they can help.
+  void read_in_parts() { embedded::register_groups(database_.handle(), {.helpers = &helpers_}); }
 
   /// Makes the tables and procedures that the script's statements create, and fills the tables.
   void define(std::string_view script) {
@@ -77,7 +83,8 @@ class RandomShop {
 
   /// The rows of a select, or of the select of an insert, each field with its type and to the last
   /// bit; or the error.
-  std::vector<std::string> rows(std::string_view sql, tsql::Grouping grouping) const {
+  std::vector<std::string> rows(std::string_view sql, tsql::Grouping grouping) {
+    helpers_.stand_by();
     const tsql::Compiled compiled = tsql::compile(sql, schema_, grouping);
     const bool inserts = !compiled.source_sql.empty();
     embedded::Statement statement(database_, inserts ? compiled.source_sql : compiled.sqlite_sql);
@@ -122,6 +129,7 @@ class RandomShop {
     for (std::size_t i = 2; i <= columns.size(); ++i) marks += ", ?" + std::to_string(i);
     embedded::Statement insert(
         database_, "INSERT INTO " + embedded::quoted_name(table) + " VALUES(" + marks + ")");
+    database_.run("BEGIN");
     for (int i = 0; i < rows_a_table_; ++i) {
       const embedded::Run done(insert);
       std::vector<tsql::StoredValue> row;
@@ -131,9 +139,13 @@ class RandomShop {
       }
       insert.step();
     }
+    database_.run("COMMIT");
   }
 
-  embedded::Database database_{"", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE};
+  testing::TemporaryFolder folder_;
+  embedded::CommandClock clock_;
+  embedded::Database database_{folder_ / "TelaData.db", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE};
+  embedded::ReadingHelpers helpers_{folder_ / "TelaData.db", clock_};
   RandomValues values_;
   int rows_a_table_;
   embedded::CatalogueSchema schema_;

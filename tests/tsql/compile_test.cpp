@@ -10,6 +10,8 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
 
 class Compile : public testing::Test {
  protected:
@@ -25,9 +27,11 @@ TEST_F(Compile, WritesTheEnginesSql) {
       {"select billno from SALESTEMP where billdate>='05/Jan/2024' and Staff='RAVI'",
        R"(SELECT t1."BillNo" FROM main."SalesTemp" AS t1 WHERE ((t1."BillDate" >= ?1) AND (t1."Staff" = ?2 COLLATE TELA)))"},
       {"select distinct Catagory from Items order by Catagory desc",
-       R"(SELECT t1."c0" FROM tela_groups('SELECT t1."Catagory" FROM main."Items" AS t1', 'k') AS t1 ORDER BY 1 COLLATE TELA DESC)"},
+       R"(SELECT t1."c0" FROM tela_groups('SELECT t1."Catagory" FROM main."Items" AS t1', 'k', 0, 0, '', '') AS t1 ORDER BY 1 COLLATE TELA DESC)"},
       {"select iCode,sum(Qty)/2 as Half from Sales where Counter=1 group by iCode order by Half",
-       R"(SELECT t1."c0", tela_div(t1."c1", ?1) FROM tela_groups('SELECT t1."iCode", t1."Qty" FROM main."Sales" AS t1 WHERE (t1."Counter" = ?1)', 'ks', ?2) AS t1 ORDER BY 2, t1."c0")"},
+       R"(SELECT t1."c0", tela_div(t1."c1", ?1) FROM tela_groups('SELECT t1."iCode", t1."Qty" FROM main."Sales" AS t1 WHERE (t1."Counter" = ?1)', 'ks', 0, 0, '', '', ?2) AS t1 ORDER BY 2, t1."c0")"},
+      {"select distinct iName from Sales where BillDate between '01/Jan/2024' and '31/Jan/2024'",
+       R"(SELECT t1."c0" FROM tela_groups('SELECT t1."iName" FROM main."Sales" AS t1 WHERE (t1."BillDate" BETWEEN ?1 AND ?2)', 'k', 1, 2, 'Sales', 'BillDate', ?1, ?2) AS t1 ORDER BY t1."c0" COLLATE TELA)"},
       {"select top 3 month(BillDate),5/2 from Sales S left join Items on S.iCode=Items.iCode",
        R"(SELECT (t1."BillDate" / 100 % 100), tela_int_div(?1, ?2) FROM main."Sales" AS t1 LEFT JOIN main."Items" AS t2 ON (t1."iCode" = t2."iCode") LIMIT 3)"},
       {"insert into #CostCompare values(1),(-2.5)",
@@ -52,6 +56,48 @@ TEST_F(Compile, LeavesTheGroupsToTheEngineIfAsked) {
   EXPECT_EQ(
       result.sqlite_sql,
       R"(SELECT min(t1."Catagory" COLLATE TELA_SPELLING) FROM main."Items" AS t1 GROUP BY t1."Catagory" COLLATE TELA ORDER BY 1 COLLATE TELA DESC)");
+}
+
+// The client reads the days in parts where two literals bound them and do nothing else.
+TEST_F(Compile, NotesTheDaysOfGroups) {
+  const std::string head = "select iCode,sum(Qty) from Sales S where ";
+  const auto days = [&](const std::string& condition) {
+    std::vector<std::size_t> literals;
+    const Compiled result = compiled(head + condition + " group by iCode");
+    for (const DayRange& range : result.group_days) {
+      literals.push_back(result.parameters.at(range.first).literal);
+      literals.push_back(result.parameters.at(range.last).literal);
+    }
+    return literals;
+  };
+  EXPECT_THAT(days("BillDate>='01/Jan/2024' and BillDate<='31/Jan/2024'"), ElementsAre(0, 1));
+  EXPECT_THAT(days("Counter=1 and (BillDate<='31/Jan/2024' and BillDate>='01/Jan/2024')"),
+              ElementsAre(2, 1));
+  EXPECT_THAT(days("BillDate between '01/Jan/2024' and '31/Jan/2024'"), ElementsAre(0, 1));
+  for (const char* condition : {
+           "BillDate='01/Jan/2024'",
+           "BillDate>='01/Jan/2024'",
+           "BillDate>='01/Jan/2024' or BillDate<='31/Jan/2024'",
+           "BillDate not between '01/Jan/2024' and '31/Jan/2024'",
+           "BillDate>='01/Jan/2024' and not BillDate<='31/Jan/2024'",
+           "Counter>=1 and Counter<=2",
+           "BillDate between '01/Jan/2024' and '31/Jan/2024' and "
+           "iCode in (select iCode from Items)",
+       }) {
+    EXPECT_THAT(days(condition), IsEmpty()) << condition;
+  }
+}
+
+TEST_F(Compile, LeavesTheDaysOfTemporaryTablesWhole) {
+  const std::string days = " where BillDate between '01/Jan/2024' and '31/Jan/2024' ";
+  EXPECT_THAT(compiled("select S.iCode from Sales S join #CostCompare C on S.Qty=C.SaleRate" +
+                       days + "group by S.iCode")
+                  .group_days,
+              IsEmpty());
+  EXPECT_THAT(
+      compiled("insert into #CostCompare select sum(Qty) from Sales" + days + "group by iCode")
+          .group_days,
+      SizeIs(1));
 }
 
 TEST_F(Compile, TurnsLiteralsIntoWhatTheyMeet) {

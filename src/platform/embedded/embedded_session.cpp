@@ -6,7 +6,9 @@
 #include <utility>
 #include <vector>
 
+#include "platform/embedded/division.h"
 #include "platform/embedded/embedded_catalogue.h"
+#include "platform/embedded/group_module.h"
 #include "platform/embedded/row_spool.h"
 #include "platform/embedded/sql_functions.h"
 #include "platform/embedded/stored_values.h"
@@ -108,7 +110,11 @@ std::unique_ptr<Connection> make_embedded_connection(std::filesystem::path file)
 }
 
 EmbeddedSession::OpenFile::OpenFile(const std::filesystem::path& file)
-    : log(file), database(file, SQLITE_OPEN_READWRITE), schema(database), transaction(database) {
+    : log(file),
+      database(file, SQLITE_OPEN_READWRITE),
+      schema(database),
+      transaction(database),
+      helpers(file, clock) {
   clock.watch(database);
   log.watch(database);
 }
@@ -135,6 +141,7 @@ void EmbeddedSession::open(std::string_view) {
       "PRAGMA synchronous=FULL; PRAGMA cache_size=-65536; PRAGMA journal_size_limit=8388608");
   log_writes_ahead(database);
   register_sql_functions(database.handle());
+  embedded::register_groups(database.handle(), {.helpers = &opening->helpers});
   // The first look into the file: here a damaged one shows.
   opening->schema.notice_changes();
   open_ = std::move(opening);
@@ -211,11 +218,23 @@ void EmbeddedSession::notice_schema_changes() {
   if (open_->schema.notice_changes()) open_->cache.clear();
 }
 
+std::vector<tsql::StoredValue> EmbeddedSession::bind(Statement& statement,
+                                                     const tsql::Compiled& compiled,
+                                                     const tsql::Normalized& literals) {
+  auto values = bind_literals(statement, compiled, literals);
+  const bool reads_many_days = std::ranges::any_of(compiled.group_days, [&](const auto& days) {
+    return embedded::is_worth_dividing(
+        {std::get<std::int64_t>(values[days.first]), std::get<std::int64_t>(values[days.last])});
+  });
+  if (reads_many_days) open_->helpers.stand_by();
+  return values;
+}
+
 RowSet EmbeddedSession::select(CachedStatement& statement, const tsql::Normalized& literals) {
   open_->transaction.enter(Reach::catalogue);
   const tsql::Compiled& compiled = statement.compiled;
   Statement& query = prepared(statement.whole, open_->database, compiled.sqlite_sql);
-  const auto values = bind_literals(query, compiled, literals);
+  const auto values = bind(query, compiled, literals);
   RowSet result;
   for (const tsql::ResultColumn& column : compiled.columns)
     result.fields.push_back({column.name, embedded::field_type(column.type)});
@@ -234,7 +253,7 @@ void EmbeddedSession::change(CachedStatement& statement, const tsql::Normalized&
   if (!compiled.source_sql.empty() && !compiled.target_is_temporary)
     return insert_aside(statement, literals);
   Statement& change = prepared(statement.whole, open_->database, compiled.sqlite_sql);
-  const auto values = bind_literals(change, compiled, literals);
+  const auto values = bind(change, compiled, literals);
   open_->transaction.enter(reach_of(compiled));
   // SQLite undoes a failed statement by itself; alone, it is a turn at the write lock all the same.
   std::optional<embedded::AtomicStep> alone;
@@ -249,7 +268,7 @@ void EmbeddedSession::change(CachedStatement& statement, const tsql::Normalized&
 void EmbeddedSession::insert_aside(CachedStatement& statement, const tsql::Normalized& literals) {
   const tsql::Compiled& compiled = statement.compiled;
   Statement& source = prepared(statement.source, open_->database, compiled.source_sql);
-  const auto values = bind_literals(source, compiled, literals);
+  const auto values = bind(source, compiled, literals);
   embedded::RowSpool rows(source);
   open_->transaction.enter(Reach::catalogue);
   Statement& insert = prepared(statement.insert_row, open_->database, compiled.insert_row_sql);

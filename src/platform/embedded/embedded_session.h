@@ -5,14 +5,17 @@
 #include <memory>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "platform/database/database_client.h"
 #include "platform/embedded/catalogue_schema.h"
 #include "platform/embedded/command_clock.h"
 #include "platform/embedded/log_keeper.h"
+#include "platform/embedded/reading_helpers.h"
 #include "platform/embedded/sqlite_handles.h"
 #include "platform/embedded/statement_cache.h"
 #include "platform/embedded/transaction.h"
+#include "platform/tsql/values.h"
 
 namespace tela {
 
@@ -53,12 +56,16 @@ class EmbeddedSession : public Connection {
     embedded::CatalogueSchema schema;
     embedded::StatementCache cache;
     embedded::Transaction transaction;
+    embedded::ReadingHelpers helpers;
   };
 
   OpenFile& opened() const;
   void notice_schema_changes();
-  embedded::CachedStatement& prepare(std::string_view sql, const tsql::Normalized& statement);
   RowSet run(std::string_view sql);
+  /// Readies a statement to run now. The values must stand while it runs.
+  std::vector<tsql::StoredValue> bind(embedded::Statement& statement,
+                                      const tsql::Compiled& compiled,
+                                      const tsql::Normalized& literals);
   RowSet select(embedded::CachedStatement& statement, const tsql::Normalized& literals);
   void change(embedded::CachedStatement& statement, const tsql::Normalized& literals);
   void insert_aside(embedded::CachedStatement& statement, const tsql::Normalized& literals);

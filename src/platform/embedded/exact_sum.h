@@ -29,6 +29,16 @@ struct ExactSum {
     add_fraction(value);
   }
 
+  /// Adds all that another sum holds.
+  void add(const ExactSum& other) {
+    count += other.count;
+    overflowed =
+        __builtin_add_overflow(whole, other.whole, &whole) || overflowed || other.overflowed;
+    has_fraction = has_fraction || other.has_fraction;
+    add_fraction(other.high);
+    add_fraction(other.low);
+  }
+
   /// The sum as a double, whatever was added.
   double real() const;
   /// The mean; only for a sum of at least one value.

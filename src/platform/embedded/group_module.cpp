@@ -3,13 +3,15 @@
 #include "platform/embedded/group_module.h"
 
 #include <exception>
-#include <memory>
 #include <new>
 #include <optional>
+#include <span>
 #include <string>
+#include <utility>
 
+#include "platform/embedded/divided_groups.h"
 #include "platform/embedded/group_queries.h"
-#include "platform/embedded/group_table.h"
+#include "platform/embedded/group_rows.h"
 #include "platform/embedded/sqlite_handles.h"
 #include "platform/embedded/stored_values.h"
 
@@ -17,25 +19,21 @@ namespace tela::embedded {
 namespace {
 
 constexpr int first_argument = static_cast<int>(tsql::most_group_columns);
-constexpr int most_arguments = static_cast<int>(tsql::most_group_parameters) + 2;
-
-struct Finalize {
-  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
-};
-using Select = std::unique_ptr<sqlite3_stmt, Finalize>;
+constexpr int own_arguments = 6;
+constexpr int most_arguments = static_cast<int>(tsql::most_group_parameters) + own_arguments;
 
 struct GroupsTable : sqlite3_vtab {
-  GroupsTable(sqlite3* connection, std::size_t most)
-      : sqlite3_vtab{}, database(connection), most_in_memory(most) {}
+  GroupsTable(sqlite3* connection, const GroupSettings& chosen)
+      : sqlite3_vtab{}, database(connection), settings(chosen) {}
   sqlite3* database;
-  std::size_t most_in_memory;
+  GroupSettings settings;
 };
 
 /// Either the groups in memory with a position among them, or a select that stands on one.
 struct Scan : sqlite3_vtab_cursor {
   Scan() : sqlite3_vtab_cursor{} {}
   std::optional<GroupTable> groups;
-  Select sorted;
+  SelectHandle sorted;
   std::size_t position = 0;
   bool at_end = false;
 };
@@ -56,12 +54,11 @@ std::string declaration() {
   return "CREATE TABLE groups(" + columns + ")";
 }
 
-int connect(sqlite3* database, void* most_in_memory, int /*count*/,
-            const char* const* /*arguments*/, sqlite3_vtab** table, char** /*error*/) {
+int connect(sqlite3* database, void* settings, int /*count*/, const char* const* /*arguments*/,
+            sqlite3_vtab** table, char** /*error*/) {
   const int code = sqlite3_declare_vtab(database, declaration().c_str());
   if (code != SQLITE_OK) return code;
-  *table =
-      new (std::nothrow) GroupsTable(database, *static_cast<const std::size_t*>(most_in_memory));
+  *table = new (std::nothrow) GroupsTable(database, *static_cast<const GroupSettings*>(settings));
   return *table == nullptr ? SQLITE_NOMEM : SQLITE_OK;
 }
 
@@ -111,62 +108,10 @@ std::string_view text_of(sqlite3_value* value) {
   return {text, static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
-/// What the scan was called with.
-struct Call {
-  std::string_view source;
-  std::string_view plan;
-  int parameter_count;
-  sqlite3_value** parameters;
-};
-
-int prepare(sqlite3* database, std::string_view sql, const Call& call, Select& select) {
-  sqlite3_stmt* statement = nullptr;
-  int code =
-      sqlite3_prepare_v2(database, sql.data(), static_cast<int>(sql.size()), &statement, nullptr);
-  select.reset(statement);
-  for (int i = 0; i < call.parameter_count && code == SQLITE_OK; ++i) {
-    code = sqlite3_bind_value(statement, i + 1, call.parameters[i]);
-  }
-  return code;
-}
-
-/// Takes the source's rows inside SQLite's own loop: an aggregate function that keeps no value.
-struct Collector {
-  static constexpr const char* pointer_type = "tela_groups";
-
-  GroupTable groups;
-  std::size_t most_groups;
-  bool is_full = false;
-};
-
-void collect_row(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
-  auto* collector =
-      static_cast<Collector*>(sqlite3_value_pointer(values[0], Collector::pointer_type));
-  if (collector == nullptr) return sqlite3_result_error(context, "tela_collect is internal.", -1);
-  try {
-    collector->groups.add(values + 1);
-  } catch (const std::exception&) {  // nothing but memory can be short
-    return sqlite3_result_error_nomem(context);
-  }
-  if (collector->groups.size() <= collector->most_groups) return;
-  collector->is_full = true;
-  sqlite3_result_error(context, "There are too many groups.", -1);
-}
-
-void end_rows(sqlite3_context* context) {
-  sqlite3_result_null(context);
-}
-
-// SQLite's code for how the source's rows ended.
-int hash_rows(Collector& collector, sqlite3* database, const Call& call) {
-  Select rows;
-  int code = prepare(database, collecting_sql(call.source, call.plan), call, rows);
-  if (code != SQLITE_OK) return code;
-  const int behind_parameters = sqlite3_bind_parameter_count(rows.get());
-  code = sqlite3_bind_pointer(rows.get(), behind_parameters, &collector, Collector::pointer_type,
-                              nullptr);
-  if (code == SQLITE_OK) code = sqlite3_step(rows.get());
-  return code == SQLITE_ROW ? SQLITE_OK : code;
+GroupCall call_of(std::span<sqlite3_value*> arguments) {
+  return {text_of(arguments[0]),           text_of(arguments[1]), sqlite3_value_int(arguments[2]),
+          sqlite3_value_int(arguments[3]), text_of(arguments[4]), text_of(arguments[5]),
+          arguments.subspan(own_arguments)};
 }
 
 int step_sorted(Scan& scan) {
@@ -175,33 +120,46 @@ int step_sorted(Scan& scan) {
   return code == SQLITE_ROW || code == SQLITE_DONE ? SQLITE_OK : code;
 }
 
-int sort_rows(Scan& scan, sqlite3* database, const Call& call) {
+int sort_rows(Scan& scan, sqlite3* database, const GroupCall& call) {
   const int code = prepare(database, sorted_groups_sql(call.source, call.plan), call, scan.sorted);
   return code == SQLITE_OK ? step_sorted(scan) : code;
 }
 
-int make_groups(Scan& scan, const GroupsTable& table, const Call& call) {
-  Collector collector{GroupTable(call.plan), table.most_in_memory};
-  const int code = hash_rows(collector, table.database, call);
-  if (collector.is_full) return sort_rows(scan, table.database, call);
-  if (code != SQLITE_OK) return code;
-  collector.groups.sort();
-  scan.groups = std::move(collector.groups);
+void keep_groups(Scan& scan, GroupTable&& groups) {
+  scan.groups = std::move(groups);
+  scan.groups->sort();
   scan.at_end = scan.groups->size() == 0;
+}
+
+int hash_rows(Scan& scan, const GroupsTable& table, const GroupCall& call) {
+  Collector collector{GroupTable(call.plan), table.settings.most_in_memory};
+  GroupRows rows;
+  int code = rows.prepare(table.database, call, call.source, collector);
+  if (code == SQLITE_OK) code = rows.collect();
+  if (collector.is_full) return sort_rows(scan, table.database, call);
+  if (code == SQLITE_OK) keep_groups(scan, std::move(collector.groups));
+  return code;
+}
+
+int make_groups(Scan& scan, const GroupsTable& table, const GroupCall& call) {
+  const auto& [most_in_memory, helpers] = table.settings;
+  auto divided = helpers == nullptr
+                     ? std::nullopt
+                     : divided_groups(table.database, *helpers, call, most_in_memory);
+  if (!divided) return hash_rows(scan, table, call);
+  keep_groups(scan, *std::move(divided));
   return SQLITE_OK;
 }
 
 int begin_scan(sqlite3_vtab_cursor* cursor, int /*plan*/, const char* /*name*/, int count,
                sqlite3_value** arguments) {
-  constexpr int own_arguments = 2;
   Scan& scan = scan_of(cursor);
   const GroupsTable& table = table_of(cursor);
   scan.groups.reset();
   scan.sorted.reset();
   scan.position = 0;
   try {
-    const Call call{text_of(arguments[0]), text_of(arguments[1]), count - own_arguments,
-                    arguments + own_arguments};
+    const GroupCall call = call_of({arguments, static_cast<std::size_t>(count)});
     const int code = make_groups(scan, table, call);
     return code == SQLITE_OK ? code : fail(cursor->pVtab, code, sqlite3_errmsg(table.database));
   } catch (const std::exception&) {  // nothing but memory can be short
@@ -263,15 +221,12 @@ sqlite3_module make_module() {
 
 }  // namespace
 
-void register_groups(sqlite3* database, std::size_t most_in_memory) {
+void register_groups(sqlite3* database, const GroupSettings& settings) {
   static const sqlite3_module module = make_module();
-  const auto forget = [](void* most) { delete static_cast<std::size_t*>(most); };
-  int code = sqlite3_create_module_v2(database, "tela_groups", &module,
-                                      new std::size_t(most_in_memory), forget);
-  if (code == SQLITE_OK) {
-    code = sqlite3_create_function_v2(database, "tela_collect", -1, SQLITE_UTF8 | SQLITE_DIRECTONLY,
-                                      nullptr, nullptr, collect_row, end_rows, nullptr);
-  }
+  const auto forget = [](void* kept) { delete static_cast<GroupSettings*>(kept); };
+  int code = sqlite3_create_module_v2(database, "tela_groups", &module, new GroupSettings(settings),
+                                      forget);
+  if (code == SQLITE_OK) code = register_collector(database);
   if (code != SQLITE_OK) throw sqlite_error(database, code);
 }
 

@@ -12,28 +12,6 @@ using tsql::GroupColumn;
 using tsql::StoredValue;
 using Keys = std::vector<StoredValue>;
 
-template <typename T>
-void append_bytes(std::string& spelling, const T& value) {
-  spelling.append(reinterpret_cast<const char*>(&value), sizeof value);
-}
-
-// Values that are spelled alike are alike; the other way round need not hold.
-void spell(std::string& spelling, const RowValue& value) {
-  if (value.is_null()) {
-    spelling += 'n';
-  } else if (value.is_whole()) {
-    spelling += 'w';
-    append_bytes(spelling, value.whole());
-  } else if (value.is_real()) {
-    spelling += 'r';
-    append_bytes(spelling, value.real());
-  } else {
-    spelling += 't';
-    append_bytes(spelling, value.text().size());
-    spelling += value.text();
-  }
-}
-
 int compare_keys(const Keys& left, const Keys& right) {
   for (std::size_t i = 0; i < left.size(); ++i) {
     if (const int order = compare_values(left[i], right[i], tsql::compare_texts); order != 0) {
@@ -86,6 +64,15 @@ void GroupTable::add(Row row) {
   }
 }
 
+void GroupTable::add(GroupTable&& others) {
+  auto other = others.totals_.begin();
+  for (Keys& keys : others.keys_) {
+    const std::size_t group = group_of_keys(std::move(keys));
+    auto total = totals_.begin() + static_cast<std::ptrdiff_t>(group * aggregates_.size());
+    for (const GroupColumn kind : aggregates_) add_total(*total++, kind, std::move(*other++));
+  }
+}
+
 std::uint32_t GroupTable::group_of(Row row) {
   spell_keys(row);
   if (const auto known = by_spelling_.find(spelling_)) return *known;
@@ -97,7 +84,7 @@ std::uint32_t GroupTable::group_of(Row row) {
 void GroupTable::spell_keys(Row row) {
   spelling_.clear();
   for (std::size_t i = 0; i < key_count_; ++i) {
-    spell(spelling_, RowValue(row[i]));
+    spelling_.add(RowValue(row[i]));
   }
 }
 
@@ -106,6 +93,10 @@ std::uint32_t GroupTable::group_of_new_spelling(Row row) {
   for (std::size_t i = 0; i < key_count_; ++i) {
     keys[i] = RowValue(row[i]).stored();
   }
+  return group_of_keys(std::move(keys));
+}
+
+std::uint32_t GroupTable::group_of_keys(Keys keys) {
   const std::size_t hash = hash_keys(keys);
   const auto [begin, end] = by_value_.equal_range(hash);
   for (auto candidate = begin; candidate != end; ++candidate) {

@@ -23,6 +23,8 @@ class GroupTable {
 
   /// Adds a row, which has the columns of the source, to its group.
   void add(Row row);
+  /// Adds the groups of further rows under the same plan.
+  void add(GroupTable&& others);
   /// To be called behind the last row: puts the groups in the order of their keys.
   void sort();
 
@@ -37,6 +39,7 @@ class GroupTable {
   std::uint32_t group_of(Row row);
   void spell_keys(Row row);
   std::uint32_t group_of_new_spelling(Row row);
+  std::uint32_t group_of_keys(Keys keys);
   std::uint32_t add_group(Keys keys, std::size_t hash);
 
   std::size_t key_count_ = 0;
@@ -44,7 +47,7 @@ class GroupTable {
   std::vector<Keys> keys_;     ///< by group
   std::vector<Total> totals_;  ///< by group, then by aggregate
   std::vector<std::uint32_t> order_;
-  std::string spelling_;  ///< of the row at hand
+  Spelling spelling_;  ///< of the row at hand
   SpellingIndex by_spelling_;
   std::unordered_multimap<std::size_t, std::uint32_t> by_value_;
 };

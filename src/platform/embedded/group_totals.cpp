@@ -15,15 +15,23 @@ void add_to_sum(ExactSum& sum, const RowValue& value) {
   value.is_whole() ? sum.add(value.whole()) : sum.add(value.real());
 }
 
+int sign_of(GroupColumn extreme) {
+  return extreme == GroupColumn::greatest ? 1 : -1;
+}
+
 // Of several spellings that are one text, the first by its bytes stands for all.
-void keep_extreme(StoredValue& extreme, const RowValue& value, int sign) {
-  const auto* best = std::get_if<double>(&extreme);
-  if (best != nullptr && value.is_real() && (value.real() - *best) * sign <= 0) return;
-  StoredValue candidate = value.stored();
+void keep_extreme(StoredValue& extreme, StoredValue candidate, int sign) {
+  if (std::holds_alternative<std::monostate>(candidate)) return;
   const bool is_first = std::holds_alternative<std::monostate>(extreme);
   if (is_first || compare_values(candidate, extreme, tsql::compare_spellings) * sign > 0) {
     extreme = std::move(candidate);
   }
+}
+
+void keep_extreme(StoredValue& extreme, const RowValue& value, int sign) {
+  const auto* best = std::get_if<double>(&extreme);
+  if (best != nullptr && value.is_real() && (value.real() - *best) * sign <= 0) return;
+  keep_extreme(extreme, value.stored(), sign);
 }
 
 StoredValue finish_sum(const ExactSum& sum) {
@@ -61,11 +69,25 @@ void add_value(Total& total, GroupColumn kind, const RowValue& value) {
       ++std::get<std::int64_t>(total);
       return;
     case GroupColumn::least:
-      return keep_extreme(std::get<StoredValue>(total), value, -1);
     case GroupColumn::greatest:
-      return keep_extreme(std::get<StoredValue>(total), value, 1);
+      return keep_extreme(std::get<StoredValue>(total), value, sign_of(kind));
     default:
       add_to_sum(std::get<ExactSum>(total), value);
+  }
+}
+
+void add_total(Total& total, GroupColumn kind, Total&& other) {
+  switch (kind) {
+    case GroupColumn::count_rows:
+    case GroupColumn::count:
+      std::get<std::int64_t>(total) += std::get<std::int64_t>(other);
+      return;
+    case GroupColumn::least:
+    case GroupColumn::greatest:
+      return keep_extreme(std::get<StoredValue>(total), std::get<StoredValue>(std::move(other)),
+                          sign_of(kind));
+    default:
+      std::get<ExactSum>(total).add(std::get<ExactSum>(other));
   }
 }
 

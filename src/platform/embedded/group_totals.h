@@ -19,6 +19,9 @@ Total empty_total(tsql::GroupColumn kind);
 /// Adds one row's value to it; a null adds nothing.
 void add_value(Total& total, tsql::GroupColumn kind, const RowValue& value);
 
+/// Adds what another total of the same kind holds.
+void add_total(Total& total, tsql::GroupColumn kind, Total&& other);
+
 /// The aggregate of all rows. Throws tsql::CompileError for a sum that is too large.
 tsql::StoredValue finish(const Total& total, tsql::GroupColumn kind);
 

@@ -14,7 +14,23 @@ namespace tela::embedded {
 /// A value of the row at hand; its text lives as long as the row stands.
 class RowValue {
  public:
-  explicit RowValue(sqlite3_value* value);
+  explicit RowValue(sqlite3_value* value) : type_(sqlite3_value_type(value)) {
+    switch (type_) {
+      case SQLITE_NULL:
+        return;
+      case SQLITE_INTEGER:
+        whole_ = sqlite3_value_int64(value);
+        return;
+      case SQLITE_FLOAT:
+        real_ = sqlite3_value_double(value);
+        return;
+      default:
+        type_ = SQLITE_TEXT;
+        const auto* bytes = static_cast<const char*>(sqlite3_value_blob(value));
+        text_ = {bytes == nullptr ? "" : bytes,
+                 static_cast<std::size_t>(sqlite3_value_bytes(value))};
+    }
+  }
 
   bool is_null() const { return type_ == SQLITE_NULL; }
   bool is_whole() const { return type_ == SQLITE_INTEGER; }

@@ -22,8 +22,8 @@ std::vector<ExprPtr> clone(const std::vector<ExprPtr>& list) {
 }
 
 TableRef clone(const TableRef& table) {
-  return {table.join,      table.position, table.table, table.alias,     clone(table.derived),
-          clone(table.on), table.source,   table.info,  table.group_plan};
+  return {table.join,      table.position, table.table, table.alias,      clone(table.derived),
+          clone(table.on), table.source,   table.info,  table.group_plan, table.group_days};
 }
 
 }  // namespace

@@ -118,6 +118,12 @@ enum class StatementKind {
   drop_procedure,
 };
 
+/// Which two of a list hold the first and the last day of a range, both of them part of it.
+struct DayRange {
+  std::size_t first = 0;
+  std::size_t last = 0;
+};
+
 /// A compiled statement. `sqlite_sql` is ready to prepare; its ?1, ?2 … are `parameters` in order.
 /// For create_procedure and drop_procedure it is empty: the engine keeps the statement's own text
 /// under `target`, or forgets it.
@@ -128,6 +134,10 @@ struct Compiled {
   std::vector<ResultColumn> columns;  ///< of a select
   std::string target;                 ///< the table or procedure that a change names, as created
   bool target_is_temporary = false;
+
+  /// Pairs of `parameters` that bound the days of rows which the client groups: it may read such
+  /// rows in parts.
+  std::vector<DayRange> group_days;
 
   /// Literals that are part of `sqlite_sql` or `columns` (a top, an ordinal, an alias in quotes):
   /// the compilation serves another statement of the same key only if these are equal.

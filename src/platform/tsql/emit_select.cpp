@@ -48,6 +48,18 @@ bool is_group_without_sign(const Select& select) {
                               [](const SelectItem& item) { return holds_aggregate(item.value); });
 }
 
+std::size_t day_among(const std::vector<Parameter>& parameters, std::size_t literal) {
+  const auto is_day = [&](const Parameter& parameter) {
+    return parameter.literal == literal && parameter.target.kind == TypeKind::date;
+  };
+  return static_cast<std::size_t>(std::ranges::find_if(parameters, is_day) - parameters.begin());
+}
+
+/// The parameters that carry a pair of literals.
+DayRange days_among(const std::vector<Parameter>& parameters, const DayRange& literals) {
+  return {day_among(parameters, literals.first), day_among(parameters, literals.last)};
+}
+
 }  // namespace
 
 void Emitter::emit(const Select& select) {
@@ -131,11 +143,26 @@ void Emitter::emit_groups(const TableRef& table) {
   Emitter source;
   source.emit(*table.derived);
   write("tela_groups(" + quoted_text(source.sql_) + ", " + quoted_text(table.group_plan));
-  for (Parameter& parameter : source.parameters_) {
+  emit_group_days(table, source.parameters_);
+  for (const Parameter& parameter : source.parameters_) {
     write(", ");
-    emit_parameter(std::move(parameter), 0);
+    emit_parameter(parameter, 0);
   }
   write(")");
+  if (!table.group_days) return;
+  group_days_.push_back(days_among(parameters_, table.group_days->literals));
+}
+
+// The parameters that bound the source's days are named by their numbers, 0 for none.
+void Emitter::emit_group_days(const TableRef& table, const std::vector<Parameter>& parameters) {
+  if (!table.group_days) return write(", 0, 0, '', ''");
+  const auto& [literals, name, column] = *table.group_days;
+  const DayRange days = days_among(parameters, literals);
+  write(", ");
+  write_number(days.first + 1);
+  write(", ");
+  write_number(days.last + 1);
+  write(", " + quoted_text(name) + ", " + quoted_text(name.empty() ? name : column));
 }
 
 void Emitter::emit_order_by(const Select& select) {

@@ -26,6 +26,7 @@ class Emitter {
 
   std::string& sql() { return sql_; }
   std::vector<Parameter>& parameters() { return parameters_; }
+  std::vector<DayRange>& group_days() { return group_days_; }
 
  private:
   enum class ItemNames { none, columns };
@@ -36,6 +37,7 @@ class Emitter {
   void emit_from(const std::vector<TableRef>& tables);
   void emit_table(const TableRef& table);
   void emit_groups(const TableRef& table);
+  void emit_group_days(const TableRef& table, const std::vector<Parameter>& parameters);
   void emit_order_by(const Select& select);
   void emit_limit(const Select& select);
 
@@ -76,6 +78,7 @@ class Emitter {
 
   std::string sql_;
   std::vector<Parameter> parameters_;
+  std::vector<DayRange> group_days_;
 };
 
 /// "name", with quotes inside doubled.

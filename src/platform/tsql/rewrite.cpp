@@ -12,7 +12,7 @@ using Rewrite = void (*)(Select&);
 // In the order in which they apply.
 std::vector<Rewrite> rewrites(Grouping grouping) {
   std::vector<Rewrite> list{group_distinct, order_groups};
-  if (grouping == Grouping::by_client) list.push_back(hash_groups);
+  if (grouping == Grouping::by_client) list.insert(list.end(), {hash_groups, divide_groups});
   return list;
 }
 

@@ -17,4 +17,8 @@ void order_groups(Select& select);
 /// reads the finished groups. Leaves alone what the client cannot group.
 void hash_groups(Select& select);
 
+/// Notes the literals that bound the days of a source that the client groups. Leaves alone a source
+/// that reads a temporary table, which no other connection sees, or more than plain tables.
+void divide_groups(Select& select);
+
 }  // namespace tela::tsql

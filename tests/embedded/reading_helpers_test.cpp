@@ -1,0 +1,133 @@
+// Several readers of one statement: they share its days out whole, and see what it sees.
+#include "platform/embedded/reading_helpers.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "embedded/shop.h"
+#include "platform/embedded/division.h"
+#include "platform/embedded/group_module.h"
+#include "platform/embedded/sql_functions.h"
+#include "platform/tsql/values.h"
+
+namespace tela::embedded {
+namespace {
+
+using testing::OtherProgram;
+using testing::Shop;
+
+TEST(Parts, HoldEveryDayOnce) {
+  for (const Part days : {Part{20240101, 20240108}, Part{20231225, 20240305},
+                          Part{20150101, 20241231}, Part{19000101, 99991231}}) {
+    const auto parts = parts_of_days(days);
+    ASSERT_GT(parts.size(), 1U);
+    EXPECT_EQ(parts.front().first, days.first);
+    EXPECT_EQ(parts.back().last, days.last);
+    for (std::size_t i = 1; i < parts.size(); ++i) {
+      EXPECT_LE(parts[i].first, parts[i].last);
+      EXPECT_EQ(parts[i].first, tsql::date_add("day", 1, parts[i - 1].last));
+    }
+  }
+  for (const Part days :
+       {Part{20240101, 20240101}, Part{20240101, 20240107}, Part{20241231, 20240101}}) {
+    EXPECT_TRUE(parts_of_days(days).empty());
+  }
+}
+
+TEST(Parts, HoldEveryRowOnce) {
+  using Limits = std::numeric_limits<std::int64_t>;
+  for (const Part rows : {Part{1, 10'000'000}, Part{1, 2}, Part{-5, 100}, Part{7, 3},
+                          Part{Limits::min(), Limits::max()}, Part{Limits::max(), Limits::max()}}) {
+    const auto parts = parts_of_rows(rows);
+    EXPECT_EQ(parts.front().first, Limits::min());
+    EXPECT_EQ(parts.back().last, Limits::max());
+    for (std::size_t i = 1; i < parts.size(); ++i) {
+      EXPECT_EQ(parts[i].first, parts[i - 1].last + 1);
+      EXPECT_LE(parts[i].first, parts[i].last);
+    }
+  }
+}
+
+class Helpers : public ::testing::Test {
+ protected:
+  std::size_t count() {
+    const HelpersAtWork at_work(helpers, main.handle());
+    return at_work.count();
+  }
+
+  Shop shop;
+  CommandClock clock;
+  Database main{shop.file, SQLITE_OPEN_READWRITE};
+  ReadingHelpers helpers{shop.file, clock};
+};
+
+TEST_F(Helpers, ComeWhereTheySeeWhatTheStatementSees) {
+  EXPECT_EQ(count(), 0U) << "nobody has been called";
+  helpers.stand_by();
+  EXPECT_GE(count(), 1U);
+  EXPECT_GE(count(), 1U) << "free again";
+
+  OtherProgram till(shop.file);
+  ASSERT_EQ(till.run("INSERT INTO Sales(iName) VALUES('Soap')"), SQLITE_OK);
+  EXPECT_EQ(count(), 0U) << "the statement may have begun before the bill";
+  helpers.stand_by();
+  EXPECT_GE(count(), 1U);
+
+  main.run("BEGIN; INSERT INTO Sales(iName) VALUES('Rice')");
+  helpers.stand_by();
+  EXPECT_EQ(count(), 0U) << "nobody else sees what is not committed";
+  main.run("COMMIT");
+  EXPECT_EQ(count(), 0U) << "committed since they stood by";
+}
+
+TEST_F(Helpers, KeepTheirViewWhileTheyWork) {
+  helpers.stand_by();
+  const HelpersAtWork at_work(helpers, main.handle());
+  ASSERT_GE(at_work.count(), 1U);
+  OtherProgram till(shop.file);
+  ASSERT_EQ(till.run("INSERT INTO Sales(iName) VALUES('Soap')"), SQLITE_OK);
+  const auto count_lines = [](void* lines, int, char** fields, char**) {
+    *static_cast<int*>(lines) = std::stoi(fields[0]);
+    return 0;
+  };
+  int lines = -1;
+  ASSERT_EQ(sqlite3_exec(at_work.connection(0), "SELECT count(*) FROM Sales", count_lines, &lines,
+                         nullptr),
+            SQLITE_OK);
+  EXPECT_EQ(lines, 0);
+  EXPECT_NE(sqlite3_exec(at_work.connection(0), "DELETE FROM Sales", nullptr, nullptr, nullptr),
+            SQLITE_OK)
+      << "they only read";
+}
+
+// Pages that a connection has asked for since the last look.
+int take_reads(sqlite3* connection) {
+  int hits = 0;
+  int misses = 0;
+  int ignored = 0;
+  sqlite3_db_status(connection, SQLITE_DBSTATUS_CACHE_HIT, &hits, &ignored, 1);
+  sqlite3_db_status(connection, SQLITE_DBSTATUS_CACHE_MISS, &misses, &ignored, 1);
+  return hits + misses;
+}
+
+TEST_F(Helpers, ReadTheRowsOfManyDaysOnly) {
+  register_sql_functions(main.handle());
+  register_groups(main.handle(), {.helpers = &helpers});
+  helpers.stand_by();
+  sqlite3* helper = HelpersAtWork(helpers, main.handle()).connection(0);
+  const auto group = [&](const std::string& days, const std::string& from_to) {
+    take_reads(helper);
+    main.run(("SELECT * FROM tela_groups('SELECT iName, Qty FROM Sales WHERE BillDate BETWEEN ?1 "
+              "AND ?2', 'ks', " +
+              days + ", 'Sales', 'BillDate', " + from_to + ")")
+                 .c_str());
+    return take_reads(helper);
+  };
+  const int many = group("1, 2", "20240101, 20240131");
+  EXPECT_GT(many, group("0, 0", "20240101, 20240131"));
+  EXPECT_GT(many, group("1, 2", "20240101, 20240102"));
+}
+
+}  // namespace
+}  // namespace tela::embedded
