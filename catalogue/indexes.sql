@@ -7,8 +7,10 @@ GO
 create index SalesTemp_Staff on SalesTemp (Staff, BillDate)
 GO
 
--- Sales_iCode holds all that the stock report reads of a line.
-create index Sales_BillDate on Sales (BillDate)
+-- Sales_BillDate holds all that the reports over a period read of a line, and Sales_iCode all that
+-- the stock report does. The bill's number comes second, so that a till adds at the index's end.
+create index Sales_BillDate on Sales
+  (BillDate, BillNo, iCode, iName, mrp, SaleRate, Qty, PurRate, Counter)
 GO
 create index Sales_BillNo on Sales (BillNo)
 GO

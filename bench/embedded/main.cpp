@@ -172,9 +172,9 @@ void measure_checkpoint(const fs::path& folder) {
     Engine writer(file, "WAL");
     Engine checkpointer(file, "WAL");
     writer.run(
-        "BEGIN IMMEDIATE; INSERT INTO Sales(iName) WITH n(i) AS (SELECT 1 UNION ALL SELECT i+1 "
-        "FROM n "
-        "WHERE i<4000) SELECT hex(randomblob(400)) FROM n; COMMIT; BEGIN IMMEDIATE");
+        "BEGIN IMMEDIATE; INSERT INTO Sales(BillNo, iHSNcode) WITH n(i) AS (SELECT 1 UNION ALL "
+        "SELECT i+1 FROM n WHERE i<4000) SELECT i, hex(randomblob(400)) FROM n; COMMIT; "
+        "BEGIN IMMEDIATE");
     times.measure([&] { checkpointer.run("PRAGMA wal_checkpoint(PASSIVE)"); });
     writer.run("ROLLBACK");
   }

@@ -3,10 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
 #include "embedded/shop.h"
-#include "platform/embedded/division.h"
+#include "platform/embedded/day_parts.h"
 #include "platform/embedded/group_module.h"
 #include "platform/embedded/sql_functions.h"
 #include "platform/tsql/values.h"
@@ -17,10 +15,10 @@ namespace {
 using testing::OtherProgram;
 using testing::Shop;
 
-TEST(Parts, HoldEveryDayOnce) {
-  for (const Part days : {Part{20240101, 20240108}, Part{20231225, 20240305},
-                          Part{20150101, 20241231}, Part{19000101, 99991231}}) {
-    const auto parts = parts_of_days(days);
+TEST(DayParts, HoldEveryDayOnce) {
+  for (const DayPart days : {DayPart{20240101, 20240108}, DayPart{20231225, 20240305},
+                             DayPart{20150101, 20241231}, DayPart{19000101, 99991231}}) {
+    const auto parts = divide(days);
     ASSERT_GT(parts.size(), 1U);
     EXPECT_EQ(parts.front().first, days.first);
     EXPECT_EQ(parts.back().last, days.last);
@@ -29,23 +27,9 @@ TEST(Parts, HoldEveryDayOnce) {
       EXPECT_EQ(parts[i].first, tsql::date_add("day", 1, parts[i - 1].last));
     }
   }
-  for (const Part days :
-       {Part{20240101, 20240101}, Part{20240101, 20240107}, Part{20241231, 20240101}}) {
-    EXPECT_TRUE(parts_of_days(days).empty());
-  }
-}
-
-TEST(Parts, HoldEveryRowOnce) {
-  using Limits = std::numeric_limits<std::int64_t>;
-  for (const Part rows : {Part{1, 10'000'000}, Part{1, 2}, Part{-5, 100}, Part{7, 3},
-                          Part{Limits::min(), Limits::max()}, Part{Limits::max(), Limits::max()}}) {
-    const auto parts = parts_of_rows(rows);
-    EXPECT_EQ(parts.front().first, Limits::min());
-    EXPECT_EQ(parts.back().last, Limits::max());
-    for (std::size_t i = 1; i < parts.size(); ++i) {
-      EXPECT_EQ(parts[i].first, parts[i - 1].last + 1);
-      EXPECT_LE(parts[i].first, parts[i].last);
-    }
+  for (const DayPart days :
+       {DayPart{20240101, 20240101}, DayPart{20240101, 20240107}, DayPart{20241231, 20240101}}) {
+    EXPECT_TRUE(divide(days).empty());
   }
 }
 
@@ -116,17 +100,16 @@ TEST_F(Helpers, ReadTheRowsOfManyDaysOnly) {
   register_groups(main.handle(), {.helpers = &helpers});
   helpers.stand_by();
   sqlite3* helper = HelpersAtWork(helpers, main.handle()).connection(0);
-  const auto group = [&](const std::string& days, const std::string& from_to) {
+  const auto group = [&](const std::string& days) {
     take_reads(helper);
     main.run(("SELECT * FROM tela_groups('SELECT iName, Qty FROM Sales WHERE BillDate BETWEEN ?1 "
               "AND ?2', 'ks', " +
-              days + ", 'Sales', 'BillDate', " + from_to + ")")
+              days + ")")
                  .c_str());
     return take_reads(helper);
   };
-  const int many = group("1, 2", "20240101, 20240131");
-  EXPECT_GT(many, group("0, 0", "20240101, 20240131"));
-  EXPECT_GT(many, group("1, 2", "20240101, 20240102"));
+  EXPECT_GT(group("1, 2, 20240101, 20240131"), group("0, 0, 20240101, 20240131"));
+  EXPECT_GT(group("1, 2, 20240101, 20240131"), group("1, 2, 20240101, 20240102"));
 }
 
 }  // namespace

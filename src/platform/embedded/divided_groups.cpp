@@ -8,30 +8,33 @@
 #include <utility>
 #include <vector>
 
-#include "platform/embedded/division.h"
-
 namespace tela::embedded {
 namespace {
+
+std::vector<DayPart> parts_of(const GroupCall& call) {
+  if (call.first_day == 0) return {};
+  const auto day = [&](int number) {
+    return sqlite3_value_int64(call.parameters[static_cast<std::size_t>(number) - 1]);
+  };
+  return divide({day(call.first_day), day(call.last_day)});
+}
 
 /// One connection's share. What is prepared belongs to the thread that reads.
 class Reader {
  public:
-  Reader(sqlite3* database, const GroupCall& call, const Division& division,
-         std::size_t most_groups)
-      : division_(division), collector_{GroupTable(call.plan), most_groups} {
-    code_ = rows_.prepare(database, call, division.source, collector_);
+  Reader(sqlite3* database, const GroupCall& call, std::size_t most_groups)
+      : collector_{GroupTable(call.plan), most_groups} {
+    code_ = rows_.prepare(database, call, collector_);
   }
 
   bool is_well() const { return code_ == SQLITE_OK; }
-  void read(const Part& part) {
-    code_ = rows_.set(division_.first, part.first);
-    if (is_well()) code_ = rows_.set(division_.last, part.last);
+  void read(const DayPart& days) {
+    code_ = rows_.choose(days);
     if (is_well()) code_ = rows_.collect();
   }
   GroupTable& groups() { return collector_.groups; }
 
  private:
-  const Division& division_;
   Collector collector_;
   GroupRows rows_;
   int code_;
@@ -45,7 +48,7 @@ bool are_well(const Readers& readers) {
 /// The parts, and which is next.
 class Queue {
  public:
-  explicit Queue(const std::vector<Part>& parts) : parts_(parts) {}
+  explicit Queue(std::vector<DayPart> parts) : parts_(std::move(parts)) {}
 
   /// Lets a reader take parts until none is left, or a reader has failed. For each on its thread.
   void serve(Reader& reader) {
@@ -56,7 +59,7 @@ class Queue {
   }
 
  private:
-  const std::vector<Part>& parts_;
+  const std::vector<DayPart> parts_;
   std::atomic<std::size_t> next_ = 0;
   std::atomic<bool> is_given_up_ = false;
 };
@@ -70,9 +73,9 @@ void read_all(Queue& parts, const Readers& readers) {
   for (auto& other : others) other.get();
 }
 
-std::optional<GroupTable> group(const std::vector<Part>& parts, const Readers& readers) {
+std::optional<GroupTable> group(std::vector<DayPart> parts, const Readers& readers) {
   if (!are_well(readers)) return std::nullopt;
-  Queue queue(parts);
+  Queue queue(std::move(parts));
   read_all(queue, readers);
   if (!are_well(readers)) return std::nullopt;
   GroupTable groups = std::move(readers.front()->groups());
@@ -85,17 +88,17 @@ std::optional<GroupTable> group(const std::vector<Part>& parts, const Readers& r
 std::optional<GroupTable> divided_groups(sqlite3* database, ReadingHelpers& helpers,
                                          const GroupCall& call, std::size_t most_groups) {
   try {
-    const Division division = divide(database, call);
-    if (division.parts.empty()) return std::nullopt;
+    std::vector<DayPart> parts = parts_of(call);
+    if (parts.empty()) return std::nullopt;
     const HelpersAtWork at_work(helpers, database);
     if (at_work.count() == 0) return std::nullopt;
     const std::size_t share = most_groups / (at_work.count() + 1);
     Readers readers;
-    readers.push_back(std::make_unique<Reader>(database, call, division, share));
+    readers.push_back(std::make_unique<Reader>(database, call, share));
     for (std::size_t i = 0; i < at_work.count(); ++i) {
-      readers.push_back(std::make_unique<Reader>(at_work.connection(i), call, division, share));
+      readers.push_back(std::make_unique<Reader>(at_work.connection(i), call, share));
     }
-    return group(division.parts, readers);
+    return group(std::move(parts), readers);
   } catch (const std::exception&) {
     return std::nullopt;
   }

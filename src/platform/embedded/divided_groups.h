@@ -8,7 +8,7 @@
 
 namespace tela::embedded {
 
-/// The groups of a call's rows, which `database` and the helpers read in parts at the same
+/// The groups of a call's rows, which `database` and the helpers read in parts of days at the same
 /// time; the same groups that one reader makes. Nullopt where that does not pay, where nobody
 /// helps, or where anything fails: one reader alone then decides, and tells the failure. The groups
 /// of all readers together stay within about `most_groups`.

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/embedded/division.h"
+#include "platform/embedded/day_parts.h"
 #include "platform/embedded/embedded_catalogue.h"
 #include "platform/embedded/group_module.h"
 #include "platform/embedded/row_spool.h"

@@ -19,7 +19,7 @@ namespace tela::embedded {
 namespace {
 
 constexpr int first_argument = static_cast<int>(tsql::most_group_columns);
-constexpr int own_arguments = 6;
+constexpr int own_arguments = 4;
 constexpr int most_arguments = static_cast<int>(tsql::most_group_parameters) + own_arguments;
 
 struct GroupsTable : sqlite3_vtab {
@@ -109,9 +109,8 @@ std::string_view text_of(sqlite3_value* value) {
 }
 
 GroupCall call_of(std::span<sqlite3_value*> arguments) {
-  return {text_of(arguments[0]),           text_of(arguments[1]), sqlite3_value_int(arguments[2]),
-          sqlite3_value_int(arguments[3]), text_of(arguments[4]), text_of(arguments[5]),
-          arguments.subspan(own_arguments)};
+  return {text_of(arguments[0]), text_of(arguments[1]), sqlite3_value_int(arguments[2]),
+          sqlite3_value_int(arguments[3]), arguments.subspan(own_arguments)};
 }
 
 int step_sorted(Scan& scan) {
@@ -134,7 +133,7 @@ void keep_groups(Scan& scan, GroupTable&& groups) {
 int hash_rows(Scan& scan, const GroupsTable& table, const GroupCall& call) {
   Collector collector{GroupTable(call.plan), table.settings.most_in_memory};
   GroupRows rows;
-  int code = rows.prepare(table.database, call, call.source, collector);
+  int code = rows.prepare(table.database, call, collector);
   if (code == SQLITE_OK) code = rows.collect();
   if (collector.is_full) return sort_rows(scan, table.database, call);
   if (code == SQLITE_OK) keep_groups(scan, std::move(collector.groups));

@@ -17,12 +17,11 @@ struct GroupSettings {
   ReadingHelpers* helpers = nullptr;
 };
 
-/// Makes the table-valued function tela_groups(source, plan, first, last, table, column,
-/// parameters…) known to a connection: the rows of the select `source`, grouped as `plan` says
-/// (tsql/group_plan.h), in the order of the keys, with columns c0, c1 …. The parameters are the
-/// source's ?1, ?2 …; `first` and `last` are the numbers of the two among them that bound the rows'
-/// days, both in, or 0. The days are in `column` of `table` where that is the source's only table;
-/// elsewhere the two are ''. Throws DatabaseError.
+/// Makes the table-valued function tela_groups(source, plan, first, last, parameters…) known to a
+/// connection: the rows of the select `source`, grouped as `plan` says (tsql/group_plan.h), in the
+/// order of the keys, with columns c0, c1 …. The parameters are the source's ?1, ?2 …; `first` and
+/// `last` are the numbers of the two among them that bound the rows' days, both in, or 0. Throws
+/// DatabaseError.
 void register_groups(sqlite3* database, const GroupSettings& settings = {});
 
 }  // namespace tela::embedded

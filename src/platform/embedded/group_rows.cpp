@@ -44,34 +44,32 @@ void end_rows(sqlite3_context* context) {
 
 }  // namespace
 
-int prepare(sqlite3* database, const std::string& sql, SelectHandle& select) {
-  sqlite3_stmt* statement = nullptr;
-  const int code =
-      sqlite3_prepare_v2(database, sql.data(), static_cast<int>(sql.size()), &statement, nullptr);
-  select.reset(statement);
-  return code;
-}
-
 int prepare(sqlite3* database, const std::string& sql, const GroupCall& call,
             SelectHandle& select) {
-  int code = prepare(database, sql, select);
+  sqlite3_stmt* statement = nullptr;
+  int code =
+      sqlite3_prepare_v2(database, sql.data(), static_cast<int>(sql.size()), &statement, nullptr);
+  select.reset(statement);
   for (std::size_t i = 0; i < call.parameters.size() && code == SQLITE_OK; ++i) {
-    code = sqlite3_bind_value(select.get(), static_cast<int>(i) + 1, call.parameters[i]);
+    code = sqlite3_bind_value(statement, static_cast<int>(i) + 1, call.parameters[i]);
   }
   return code;
 }
 
-int GroupRows::prepare(sqlite3* database, const GroupCall& call, std::string_view source,
-                       Collector& collector) {
-  const int code = embedded::prepare(database, collecting_sql(source, call.plan), call, select_);
+int GroupRows::prepare(sqlite3* database, const GroupCall& call, Collector& collector) {
+  first_day_ = call.first_day;
+  last_day_ = call.last_day;
+  const int code =
+      embedded::prepare(database, collecting_sql(call.source, call.plan), call, select_);
   if (code != SQLITE_OK) return code;
   const int behind_parameters = sqlite3_bind_parameter_count(select_.get());
   return sqlite3_bind_pointer(select_.get(), behind_parameters, &collector, collector_type,
                               nullptr);
 }
 
-int GroupRows::set(int parameter, std::int64_t value) {
-  return sqlite3_bind_int64(select_.get(), parameter, value);
+int GroupRows::choose(const DayPart& days) {
+  const int code = sqlite3_bind_int64(select_.get(), first_day_, days.first);
+  return code == SQLITE_OK ? sqlite3_bind_int64(select_.get(), last_day_, days.last) : code;
 }
 
 int GroupRows::collect() {

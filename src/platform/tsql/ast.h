@@ -101,15 +101,6 @@ struct Expr {
 
 enum class JoinKind { first, comma, inner, left, right, full, cross };
 
-/// What a rewrite finds of the days of a grouped source.
-struct GroupDays {
-  DayRange literals;  ///< they bound the rows' days and mean nothing else
-  /// The source's only table and its column with the days, as created. Empty if there are more
-  /// tables.
-  std::string table;
-  std::string column;
-};
-
 /// A table of a from clause, with the join that adds it to those before.
 struct TableRef {
   JoinKind join = JoinKind::first;
@@ -124,8 +115,8 @@ struct TableRef {
   /// Set by a rewrite: the table holds the groups that the client makes of `derived`'s rows, one
   /// letter a column (group_plan.h). Empty for any other.
   std::string group_plan;
-  /// Set by a rewrite: the days of `derived`'s rows, if they may be read in parts.
-  std::optional<GroupDays> group_days;
+  /// Set by a rewrite: the literals of `derived` that bound its rows' days and mean nothing else.
+  std::optional<DayRange> group_days;
 };
 
 struct SelectItem {

@@ -50,13 +50,12 @@ void add_conditions(const Expr& where, std::vector<Bounds>& bounds) {
   }
 }
 
-std::optional<GroupDays> days_among(const std::vector<Bounds>& bounds) {
+std::optional<DayRange> range_of(const std::vector<Bounds>& bounds) {
   for (const Bounds& from : bounds) {
     for (const Bounds& to : bounds) {
       if (from.first == nullptr || to.last == nullptr) continue;
       if (!same_meaning(*from.column, *to.column)) continue;
-      return GroupDays{
-          {from.first->literal.index, to.last->literal.index}, {}, from.column->column};
+      return DayRange{from.first->literal.index, to.last->literal.index};
     }
   }
   return std::nullopt;
@@ -84,17 +83,15 @@ std::size_t count_uses(Select& source, std::size_t literal) {
 
 // A part of the days is read under other values for the two literals: they must bound the days and
 // mean nothing else.
-std::optional<GroupDays> days_of(Select& source) {
+std::optional<DayRange> days_of(Select& source) {
   if (!source.where || !reads_plain_tables(source)) return std::nullopt;
   std::vector<Bounds> bounds;
   add_conditions(*source.where, bounds);
-  auto days = days_among(bounds);
-  if (!days || count_uses(source, days->literals.first) != 1 ||
-      count_uses(source, days->literals.last) != 1) {
+  const auto range = range_of(bounds);
+  if (!range || count_uses(source, range->first) != 1 || count_uses(source, range->last) != 1) {
     return std::nullopt;
   }
-  if (source.from.size() == 1) days->table = source.from.front().info->name;
-  return days;
+  return range;
 }
 
 }  // namespace

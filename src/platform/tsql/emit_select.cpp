@@ -138,7 +138,8 @@ void Emitter::emit_table(const TableRef& table) {
   write_alias(table.source);
 }
 
-// The source is a text of its own, with parameters of its own, which the groups hand on.
+// The source is a text of its own, with parameters of its own, which the groups hand on. Those that
+// bound its days are named by their numbers, 0 for none.
 void Emitter::emit_groups(const TableRef& table) {
   Emitter source;
   source.emit(*table.derived);
@@ -149,20 +150,16 @@ void Emitter::emit_groups(const TableRef& table) {
     emit_parameter(parameter, 0);
   }
   write(")");
-  if (!table.group_days) return;
-  group_days_.push_back(days_among(parameters_, table.group_days->literals));
+  if (table.group_days) group_days_.push_back(days_among(parameters_, *table.group_days));
 }
 
-// The parameters that bound the source's days are named by their numbers, 0 for none.
 void Emitter::emit_group_days(const TableRef& table, const std::vector<Parameter>& parameters) {
-  if (!table.group_days) return write(", 0, 0, '', ''");
-  const auto& [literals, name, column] = *table.group_days;
-  const DayRange days = days_among(parameters, literals);
+  if (!table.group_days) return write(", 0, 0");
+  const DayRange days = days_among(parameters, *table.group_days);
   write(", ");
   write_number(days.first + 1);
   write(", ");
   write_number(days.last + 1);
-  write(", " + quoted_text(name) + ", " + quoted_text(name.empty() ? name : column));
 }
 
 void Emitter::emit_order_by(const Select& select) {
