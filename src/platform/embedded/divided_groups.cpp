@@ -19,30 +19,10 @@ std::vector<DayPart> parts_of(const GroupCall& call) {
   return divide({day(call.first_day), day(call.last_day)});
 }
 
-/// One connection's share. What is prepared belongs to the thread that reads.
-class Reader {
- public:
-  Reader(sqlite3* database, const GroupCall& call, std::size_t most_groups)
-      : collector_{GroupTable(call.plan), most_groups} {
-    code_ = rows_.prepare(database, call, collector_);
-  }
-
-  bool is_well() const { return code_ == SQLITE_OK; }
-  void read(const DayPart& days) {
-    code_ = rows_.choose(days);
-    if (is_well()) code_ = rows_.collect();
-  }
-  GroupTable& groups() { return collector_.groups; }
-
- private:
-  Collector collector_;
-  GroupRows rows_;
-  int code_;
-};
-using Readers = std::vector<std::unique_ptr<Reader>>;
+using Readers = std::vector<std::unique_ptr<GroupRows>>;
 
 bool are_well(const Readers& readers) {
-  return std::ranges::all_of(readers, &Reader::is_well);
+  return std::ranges::all_of(readers, &GroupRows::is_well);
 }
 
 /// The parts, and which is next.
@@ -51,7 +31,7 @@ class Queue {
   explicit Queue(std::vector<DayPart> parts) : parts_(std::move(parts)) {}
 
   /// Lets a reader take parts until none is left, or a reader has failed. For each on its thread.
-  void serve(Reader& reader) {
+  void serve(GroupRows& reader) {
     for (std::size_t part = next_++; part < parts_.size() && !is_given_up_; part = next_++) {
       reader.read(parts_[part]);
       if (!reader.is_well()) is_given_up_ = true;
@@ -94,9 +74,9 @@ std::optional<GroupTable> divided_groups(sqlite3* database, ReadingHelpers& help
     if (at_work.count() == 0) return std::nullopt;
     const std::size_t share = most_groups / (at_work.count() + 1);
     Readers readers;
-    readers.push_back(std::make_unique<Reader>(database, call, share));
+    readers.push_back(std::make_unique<GroupRows>(database, call, share));
     for (std::size_t i = 0; i < at_work.count(); ++i) {
-      readers.push_back(std::make_unique<Reader>(at_work.connection(i), call, share));
+      readers.push_back(std::make_unique<GroupRows>(at_work.connection(i), call, share));
     }
     return group(std::move(parts), readers);
   } catch (const std::exception&) {

@@ -33,7 +33,7 @@ struct GroupsTable : sqlite3_vtab {
 struct Scan : sqlite3_vtab_cursor {
   Scan() : sqlite3_vtab_cursor{} {}
   std::optional<GroupTable> groups;
-  SelectHandle sorted;
+  StatementHandle sorted;
   std::size_t position = 0;
   bool at_end = false;
 };
@@ -131,13 +131,11 @@ void keep_groups(Scan& scan, GroupTable&& groups) {
 }
 
 int hash_rows(Scan& scan, const GroupsTable& table, const GroupCall& call) {
-  Collector collector{GroupTable(call.plan), table.settings.most_in_memory};
-  GroupRows rows;
-  int code = rows.prepare(table.database, call, collector);
-  if (code == SQLITE_OK) code = rows.collect();
-  if (collector.is_full) return sort_rows(scan, table.database, call);
-  if (code == SQLITE_OK) keep_groups(scan, std::move(collector.groups));
-  return code;
+  GroupRows rows(table.database, call, table.settings.most_in_memory);
+  rows.read();
+  if (rows.is_full()) return sort_rows(scan, table.database, call);
+  if (rows.is_well()) keep_groups(scan, std::move(rows.groups()));
+  return rows.code();
 }
 
 int make_groups(Scan& scan, const GroupsTable& table, const GroupCall& call) {

@@ -7,35 +7,35 @@
 namespace tela::embedded {
 namespace {
 
-constexpr const char* collector_type = "tela_groups";
+constexpr const char* pointer_type = "tela_groups";
 
 /// What SQLite keeps for a call from row to row, zero before the first.
 struct CallMemory {
-  Collector* collector;
+  GroupRows* rows;
 };
 
-// The collector comes as an argument; behind the first row it is at hand in the call's own memory.
-Collector* collector_of(sqlite3_context* context, sqlite3_value* argument) {
+// Who takes the rows comes as an argument; behind the first row it is at hand in the call's own
+// memory.
+GroupRows* taker_of(sqlite3_context* context, sqlite3_value* argument) {
   auto* memory = static_cast<CallMemory*>(sqlite3_aggregate_context(context, sizeof(CallMemory)));
   if (memory == nullptr) return nullptr;
-  if (memory->collector == nullptr) {
-    memory->collector = static_cast<Collector*>(sqlite3_value_pointer(argument, collector_type));
+  if (memory->rows == nullptr) {
+    memory->rows = static_cast<GroupRows*>(sqlite3_value_pointer(argument, pointer_type));
   }
-  return memory->collector;
+  return memory->rows;
 }
 
 // Takes rows inside SQLite's own loop: an aggregate function that keeps no value.
 void collect_row(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
-  Collector* collector = collector_of(context, values[0]);
-  if (collector == nullptr) return sqlite3_result_error(context, "tela_collect is internal.", -1);
+  GroupRows* rows = taker_of(context, values[0]);
+  if (rows == nullptr) return sqlite3_result_error(context, "tela_collect is internal.", -1);
   try {
-    collector->groups.add(values + 1);
+    if (!rows->add(values + 1)) {
+      sqlite3_result_error(context, "There are too many groups.", -1);
+    }
   } catch (const std::exception&) {  // nothing but memory can be short
-    return sqlite3_result_error_nomem(context);
+    sqlite3_result_error_nomem(context);
   }
-  if (collector->groups.size() <= collector->most_groups) return;
-  collector->is_full = true;
-  sqlite3_result_error(context, "There are too many groups.", -1);
 }
 
 void end_rows(sqlite3_context* context) {
@@ -45,7 +45,7 @@ void end_rows(sqlite3_context* context) {
 }  // namespace
 
 int prepare(sqlite3* database, const std::string& sql, const GroupCall& call,
-            SelectHandle& select) {
+            StatementHandle& select) {
   sqlite3_stmt* statement = nullptr;
   int code =
       sqlite3_prepare_v2(database, sql.data(), static_cast<int>(sql.size()), &statement, nullptr);
@@ -56,26 +56,32 @@ int prepare(sqlite3* database, const std::string& sql, const GroupCall& call,
   return code;
 }
 
-int GroupRows::prepare(sqlite3* database, const GroupCall& call, Collector& collector) {
-  first_day_ = call.first_day;
-  last_day_ = call.last_day;
-  const int code =
-      embedded::prepare(database, collecting_sql(call.source, call.plan), call, select_);
-  if (code != SQLITE_OK) return code;
+GroupRows::GroupRows(sqlite3* database, const GroupCall& call, std::size_t most_groups)
+    : call_(call),
+      groups_(call.plan),
+      most_groups_(most_groups),
+      code_(prepare(database, collecting_sql(call.source, call.plan), call, select_)) {
+  if (!is_well()) return;
   const int behind_parameters = sqlite3_bind_parameter_count(select_.get());
-  return sqlite3_bind_pointer(select_.get(), behind_parameters, &collector, collector_type,
-                              nullptr);
+  code_ = sqlite3_bind_pointer(select_.get(), behind_parameters, this, pointer_type, nullptr);
 }
 
-int GroupRows::choose(const DayPart& days) {
-  const int code = sqlite3_bind_int64(select_.get(), first_day_, days.first);
-  return code == SQLITE_OK ? sqlite3_bind_int64(select_.get(), last_day_, days.last) : code;
-}
-
-int GroupRows::collect() {
+void GroupRows::read() {
+  if (!is_well()) return;
   const int code = sqlite3_step(select_.get());
   sqlite3_reset(select_.get());
-  return code == SQLITE_ROW ? SQLITE_OK : code;
+  code_ = code == SQLITE_ROW ? SQLITE_OK : code;
+}
+
+void GroupRows::read(const DayPart& days) {
+  if (is_well()) code_ = sqlite3_bind_int64(select_.get(), call_.first_day, days.first);
+  if (is_well()) code_ = sqlite3_bind_int64(select_.get(), call_.last_day, days.last);
+  read();
+}
+
+bool GroupRows::add(GroupTable::Row row) {
+  groups_.add(row);
+  return !is_full();
 }
 
 int register_collector(sqlite3* database) {

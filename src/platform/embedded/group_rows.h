@@ -4,20 +4,15 @@
 #include <sqlite3.h>
 
 #include <cstddef>
-#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "platform/embedded/day_parts.h"
 #include "platform/embedded/group_table.h"
+#include "platform/embedded/sqlite_handles.h"
 
 namespace tela::embedded {
-
-struct Finalize {
-  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
-};
-using SelectHandle = std::unique_ptr<sqlite3_stmt, Finalize>;
 
 /// What tela_groups was called with.
 struct GroupCall {
@@ -29,30 +24,39 @@ struct GroupCall {
   std::span<sqlite3_value*> parameters;
 };
 
-/// Prepares a select and binds the call's parameters. SQLite's result code.
-int prepare(sqlite3* database, const std::string& sql, const GroupCall& call, SelectHandle& select);
+/// Prepares a select and binds the call's parameters. SQLite's result code: within a function that
+/// SQLite calls, failures are told by codes.
+int prepare(sqlite3* database, const std::string& sql, const GroupCall& call,
+            StatementHandle& select);
 
-/// Groups that rows go into until there are too many.
-struct Collector {
-  GroupTable groups;
-  std::size_t most_groups;
-  bool is_full = false;
-};
-
-/// A call's source on one connection.
+/// A call's rows on one connection, with the groups that they go into. For one thread at a time. It
+/// stays where it is made, for SQLite hands it the rows; the call must stand as long.
 class GroupRows {
  public:
-  /// Hands the rows to the collector, which must stand as long as this does. SQLite's result code.
-  int prepare(sqlite3* database, const GroupCall& call, Collector& collector);
-  /// From now on the rows of these days only; the call must bound its days.
-  int choose(const DayPart& days);
-  /// Runs to the last row, or until the groups are too many, which is an error to SQLite.
-  int collect();
+  /// Prepares the reading; a failure shows in code().
+  GroupRows(sqlite3* database, const GroupCall& call, std::size_t most_groups);
+  GroupRows(const GroupRows&) = delete;
+  GroupRows& operator=(const GroupRows&) = delete;
+
+  /// Adds all rows to the groups.
+  void read();
+  /// Adds the rows of these days; the call must bound its days.
+  void read(const DayPart& days);
+  /// Adds a row that SQLite hands over; false where the groups are now too many.
+  bool add(GroupTable::Row row);
+
+  /// SQLite's result code of what was done last. That the groups are too many is an error to it.
+  int code() const { return code_; }
+  bool is_well() const { return code_ == SQLITE_OK; }
+  bool is_full() const { return groups_.size() > most_groups_; }
+  GroupTable& groups() { return groups_; }
 
  private:
-  SelectHandle select_;
-  int first_day_ = 0;
-  int last_day_ = 0;
+  const GroupCall& call_;
+  GroupTable groups_;
+  std::size_t most_groups_;
+  StatementHandle select_;
+  int code_;
 };
 
 /// Makes the function that takes the rows known to a connection. SQLite's result code.

@@ -4,6 +4,7 @@
 #include <utility>
 
 namespace tela::embedded {
+
 std::optional<std::uint32_t> SpellingIndex::find(const Spelling& spelling) const {
   const std::size_t mask = slots_.size() - 1;
   for (std::size_t at = spelling.hash() & mask; slots_[at].entry != none; at = (at + 1) & mask) {

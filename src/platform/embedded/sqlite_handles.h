@@ -45,6 +45,12 @@ class Database {
   std::unique_ptr<sqlite3, Close> handle_;
 };
 
+/// Ends a prepared statement.
+struct Finalize {
+  void operator()(sqlite3_stmt* handle) const { sqlite3_finalize(handle); }
+};
+using StatementHandle = std::unique_ptr<sqlite3_stmt, Finalize>;
+
 /// One prepared statement.
 class Statement {
  public:
@@ -73,10 +79,7 @@ class Statement {
  private:
   void check_bind(int code);
 
-  struct Finalize {
-    void operator()(sqlite3_stmt* handle) const { sqlite3_finalize(handle); }
-  };
-  std::unique_ptr<sqlite3_stmt, Finalize> handle_;
+  StatementHandle handle_;
 };
 
 /// Resets a statement at the end of the scope that runs it.
