@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/chart/chart_pictures.h"
 #include "platform/database/database_client.h"
 #include "platform/printer/printer_port.h"
 #include "platform/report/report_engine.h"
@@ -24,6 +25,7 @@ struct Platform {
   /// Writes a report as a PDF file; empty where nothing can paint one.
   PdfWriter write_pdf;
   PrinterPortOpener open_port;
+  ChartPictures chart_pictures;
 };
 
 struct AppState {

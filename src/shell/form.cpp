@@ -81,6 +81,12 @@ Control grid(std::string name, int cols, int fixed_cols) {
   return control;
 }
 
+Control chart(std::string name) {
+  Control control = make(ControlKind::chart, std::move(name), {});
+  control.chart = std::make_unique<Chart>();
+  return control;
+}
+
 void ClearIfNotNumeric(Control& box) {
   if (!is_numeric(box.text)) box.text.clear();
 }
@@ -134,6 +140,12 @@ const Grid& Form::grid(std::string_view name) const {
   const Control& control = at(name);
   if (!control.grid) throw std::logic_error(control.name + " is not a grid");
   return *control.grid;
+}
+
+Chart& Form::chart(std::string_view name) {
+  Control& control = at(name);
+  if (!control.chart) throw std::logic_error(control.name + " is not a chart");
+  return *control.chart;
 }
 
 }  // namespace tela

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/chart/chart.h"
 #include "platform/text/calendar.h"
 #include "shell/grid.h"
 
@@ -23,6 +24,7 @@ enum class ControlKind {
   picture_button,  ///< a button with a picture; its caption says in words what the picture shows
   list,            ///< a list box
   grid,
+  chart,
 };
 
 /// One control: what it is, and what it shows now. Made by the functions below.
@@ -36,6 +38,7 @@ struct Control {
   Date date{};
   std::vector<std::string> items = {};  ///< entries of a combo or a list
   std::unique_ptr<Grid> grid = nullptr;
+  std::unique_ptr<Chart> chart = nullptr;
 
   bool enabled = true;
   bool visible = true;
@@ -60,6 +63,7 @@ Control button(std::string name, std::string caption);
 Control picture_button(std::string name, std::string words);
 Control list_box(std::string name);
 Control grid(std::string name, int cols, int fixed_cols = 0);
+Control chart(std::string name);
 
 /// If the box's text is not numeric as a whole, empties it.
 void ClearIfNotNumeric(Control& box);
@@ -84,6 +88,7 @@ class Form {
   void set_date(std::string_view name, Date date);
   Grid& grid(std::string_view name);
   const Grid& grid(std::string_view name) const;
+  Chart& chart(std::string_view name);
 
   /// Called after every change of a control's text or date, by whomever.
   void on_change(std::function<void(Control&)> observer) { changed_ = std::move(observer); }

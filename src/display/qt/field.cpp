@@ -249,6 +249,8 @@ ScreenField make_widget(const Control& control, const FieldActions& actions,
     case ControlKind::grid:
       return make_grid(control, actions, settings,
                        key + '.' + QString::fromStdString(control.name));
+    case ControlKind::chart:
+      break;
   }
   return make_label();
 }

@@ -29,6 +29,17 @@ Json grid_json(const Grid& grid) {
           {"colours", std::move(colours)}};
 }
 
+Json chart_json(const Chart& chart) {
+  Json rows = Json::array();
+  for (const ChartRow& row : chart.rows) rows.push_back(Json::array({row.label, row.value}));
+  return {{"type", static_cast<int>(chart.type)},
+          {"legend", chart.legend},
+          {"column", chart.column},
+          {"rows", std::move(rows)},
+          {"labels", chart.label_location},
+          {"orientation", chart.label_orientation}};
+}
+
 std::string shown_text(const Control& control) {
   switch (control.kind) {
     case ControlKind::date:
@@ -81,18 +92,23 @@ Json screen_json(const Screen& screen) {
   Json items = Json::object();
   Json disabled = Json::array();
   Json grids = Json::object();
+  Json chart;
   for (const Control& control : screen.form().controls()) {
     if (control.grid)
       grids[control.name] = grid_json(*control.grid);
+    else if (control.chart)
+      chart = chart_json(*control.chart);
     else
       controls[control.name] = shown_text(control);
     if (control.kind == ControlKind::combo || control.kind == ControlKind::list)
       items[control.name] = control.items;
     if (!control.enabled) disabled.push_back(control.name);
   }
-  return {{"screen", screen.name()},         {"caption", screen.caption()},
-          {"controls", std::move(controls)}, {"items", std::move(items)},
-          {"disabled", std::move(disabled)}, {"grids", std::move(grids)}};
+  Json state = {{"screen", screen.name()},         {"caption", screen.caption()},
+                {"controls", std::move(controls)}, {"items", std::move(items)},
+                {"disabled", std::move(disabled)}, {"grids", std::move(grids)}};
+  if (!chart.is_null()) state["chart"] = std::move(chart);
+  return state;
 }
 
 Json main_json(const MainWindow& main, const Windows& windows) {

@@ -8,7 +8,7 @@
 
 namespace tela {
 
-/// A screen's state: its controls' texts, lists, disabled controls and grids.
+/// A screen's state: its controls' texts, lists, disabled controls, grids and chart.
 Json screen_json(const Screen& screen);
 
 /// The main window's state: caption, visible panel, menus, and the open screens, front first.
