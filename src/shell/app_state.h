@@ -11,6 +11,7 @@
 #include "platform/database/database_client.h"
 #include "platform/printer/printer_port.h"
 #include "platform/report/report_engine.h"
+#include "platform/sheet/sheet_port.h"
 
 namespace tela {
 
@@ -26,6 +27,8 @@ struct Platform {
   PdfWriter write_pdf;
   PrinterPortOpener open_port;
   ChartPictures chart_pictures;
+  /// The workbooks; empty where there is no way to them.
+  std::unique_ptr<SheetPort> sheets;
 };
 
 struct AppState {

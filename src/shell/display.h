@@ -20,6 +20,7 @@ struct Message {
   Icon icon = Icon::none;
   Buttons buttons = Buttons::ok;
   std::string title;
+  std::string reason = {};  ///< why it came to this, in small print; a script tells the text alone
 };
 
 /// What a dialog for a file to save to is asked for.

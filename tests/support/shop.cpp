@@ -5,10 +5,13 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "display/scripted/told_sheets.h"
 #include "platform/catalogue/catalogue_client.h"
 #include "platform/embedded/embedded_catalogue.h"
 #include "platform/report/banded_engine.h"
+#include "platform/sheet/csv_sheets.h"
 #include "platform/text/number_text.h"
+#include "report_framework/sheet_layouts.h"
 #include "screens/registry.h"
 #include "shell/database_gateway.h"
 
@@ -70,6 +73,7 @@ Shop::Shop()
   platform_.open_port = [this](std::string_view name) {
     return std::make_unique<MemoryPort>(printed_bytes_[std::string(name)]);
   };
+  platform_.sheets = tell_sheets(make_csv_sheets(paths_, folder_ / "sheets"), display_);
   windows_ = std::make_unique<Windows>(all_screens());
   state_ = std::make_unique<AppState>(platform_, display_, *windows_);
   windows_->create_login(*state_);
@@ -90,6 +94,17 @@ Json Shop::sql(const std::string& statement) {
   const Json printed = Json::parse(run("sql " + statement).back());
   if (printed.contains("error")) throw std::runtime_error(printed["error"].get<std::string>());
   return printed.contains("rows") ? printed["rows"] : printed;
+}
+
+void Shop::add_workbook(const std::string& name) {
+  const auto file = paths_.resolve(workbook_path(name));
+  std::filesystem::create_directories(file.parent_path());
+  std::ofstream(file) << "an empty workbook";
+}
+
+std::string Shop::sheet(const std::string& workbook, int n) const {
+  const auto file = folder_ / "sheets" / (workbook + "-" + std::to_string(n) + ".csv");
+  return std::filesystem::exists(file) ? file_text(file) : "";
 }
 
 void Shop::add(const Bill& bill) {

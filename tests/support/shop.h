@@ -58,6 +58,11 @@ class Shop {
   /// What has been written to the printer port of that name.
   const std::string& printed(const std::string& port) { return printed_bytes_[port]; }
 
+  /// Puts an empty workbook in place ("SGST").
+  void add_workbook(const std::string& name);
+  /// The n-th sheet that was added to a workbook, as CSV; empty if there is none.
+  std::string sheet(const std::string& workbook, int n = 1) const;
+
  private:
   TemporaryFolder folder_;
   Paths paths_;

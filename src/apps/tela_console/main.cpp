@@ -13,6 +13,8 @@
 #include "apps/tela_console/pdf_output.h"
 #include "display/scripted/script_runner.h"
 #include "display/scripted/told_port.h"
+#include "display/scripted/told_sheets.h"
+#include "platform/sheet/csv_sheets.h"
 
 namespace {
 
@@ -56,10 +58,13 @@ int run(const Options& options) {
     }
   }
   tela::ScriptedDisplay display(print);
-  tela::Platform platform = tela::make_platform(options.root ? tela::Paths(*options.root)
-                                                             : tela::Paths::from_environment());
+  const tela::Paths paths =
+      options.root ? tela::Paths(*options.root) : tela::Paths::from_environment();
+  tela::Platform platform = tela::make_platform(paths);
   platform.write_pdf = tela::make_pdf_writer();
   platform.open_port = tela::tell_printed(platform.open_port, display);
+  if (options.sheets) platform.sheets = tela::make_csv_sheets(paths, *options.sheets);
+  platform.sheets = tela::tell_sheets(std::move(platform.sheets), display);
   tela::Program program(std::move(platform), display);
   tela::ScriptRunner runner(program.state(), display);
   return runner.run(options.script ? file : std::cin) ? all_ran : a_command_failed;

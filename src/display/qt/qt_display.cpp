@@ -86,6 +86,7 @@ Answer QtDisplay::message(const Message& message) {
   // A desktop would put the program's name where there is no title at all.
   box.setWindowTitle(message.title.empty() ? " " : text(message.title));
   box.setText(text(message.text));
+  box.setInformativeText(text(message.reason));
   const bool asks = message.buttons == Buttons::ok_cancel;
   box.setStandardButtons(asks ? QMessageBox::Ok | QMessageBox::Cancel : QMessageBox::Ok);
   box.setDefaultButton(QMessageBox::Ok);
