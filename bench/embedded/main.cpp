@@ -136,8 +136,7 @@ class RunningReport {
   std::thread thread_;
 };
 
-void fill_with_lines(const fs::path& file, int lines) {
-  EmbeddedCatalogue catalogue(file, CatalogueUse::filling);
+void fill_with_lines(EmbeddedCatalogue& catalogue, int lines) {
   const std::vector<std::string> columns = {"BillNo", "iName", "Qty", "Amount"};
   BulkInserter sales = catalogue.inserter("Sales", columns);
   catalogue.connection().begin_trans();
@@ -146,13 +145,13 @@ void fill_with_lines(const fs::path& file, int lines) {
     sales.add(row);
   }
   catalogue.connection().commit_trans();
-  catalogue.finish_filling();
 }
 
 void measure_till(const fs::path& folder, const std::string& journal, bool with_report) {
   const fs::path file = folder / ("till_" + journal + (with_report ? "_report.db" : ".db"));
-  create_embedded_catalogue(file, catalogue_scripts());
-  fill_with_lines(file, 300'000);
+  create_embedded_catalogue(file, catalogue_scripts(), [](EmbeddedCatalogue& catalogue) {
+    fill_with_lines(catalogue, 300'000);
+  });
   Engine till(file, journal);
   std::unique_ptr<RunningReport> report;
   if (with_report) report = std::make_unique<RunningReport>(file, journal);

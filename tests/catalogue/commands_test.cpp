@@ -118,6 +118,21 @@ TEST_F(CatalogueTool, NeverOverwritesACatalogue) {
   EXPECT_EQ(std::distance(fs::directory_iterator(folder_), fs::directory_iterator()), 1);
 }
 
+TEST_F(CatalogueTool, OfSeveralAtOnceOneMakesTheCatalogue) {
+  const std::string tool = "'" TELA_CATALOGUE_PROGRAM "' --root '" + folder_.string() + "' ";
+  const std::string command = "for i in 1 2 3 4; do " + tool + "create & " + tool +
+                              "demo --days 2 --bills-per-day 5 --items 10 & done 2>'" +
+                              (folder_ / "said.txt").string() + "'; wait";
+  ASSERT_EQ(std::system(command.c_str()), 0);
+  const std::string said = said_by_program();
+  EXPECT_EQ(said.find("created"), said.rfind("created")) << said;
+  EXPECT_THAT(said, HasSubstr("created"));
+  EXPECT_THAT(said, HasSubstr("is there already and is left as it is"));
+  EXPECT_THAT(checked(), HasSubstr("is sound"));
+  fs::remove(folder_ / "said.txt");
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder_), fs::directory_iterator()), 1);
+}
+
 TEST_F(CatalogueTool, ADemoIsSoundAndTheSameEachTime) {
   create_demo();
   EXPECT_EQ(checked(), catalogue_.string() + " is sound\nexit 0\n");

@@ -32,6 +32,15 @@ struct Shop {
   std::filesystem::path file = folder / "TelaData.db";
 };
 
+/// All rows of a table, in the order in which they were added.
+inline std::vector<std::vector<Value>> rows_of(const EmbeddedCatalogue& catalogue,
+                                               std::string_view table) {
+  std::vector<std::vector<Value>> rows;
+  catalogue.read_rows(
+      table, [&](std::span<const Value> row) { rows.emplace_back(row.begin(), row.end()); });
+  return rows;
+}
+
 /// Another program on the catalogue, which knows nothing of this one: SQLite by itself.
 class OtherProgram {
  public:

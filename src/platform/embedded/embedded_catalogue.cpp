@@ -5,6 +5,7 @@
 
 #include "platform/embedded/embedded_session.h"
 #include "platform/embedded/stored_values.h"
+#include "platform/embedded/unfinished_catalogue.h"
 #include "platform/text/ascii.h"
 
 namespace tela {
@@ -15,26 +16,6 @@ using embedded::Statement;
 using Kind = DatabaseError::Kind;
 
 namespace {
-
-/// A file under a name that nobody looks for, removed with its journals unless it is published.
-class UnfinishedFile {
- public:
-  explicit UnfinishedFile(const fs::path& file) : file_(file.string() + ".unfinished") { remove(); }
-  ~UnfinishedFile() { remove(); }
-  UnfinishedFile(const UnfinishedFile&) = delete;
-  UnfinishedFile& operator=(const UnfinishedFile&) = delete;
-
-  const fs::path& path() const { return file_; }
-
- private:
-  void remove() const {
-    std::error_code ignored;
-    for (const char* journal : {"", "-wal", "-shm", "-journal"})
-      fs::remove(file_.string() + journal, ignored);
-  }
-
-  fs::path file_;
-};
 
 void run_scripts(Connection& connection, std::span<const std::string_view> scripts) {
   connection.begin_trans();
@@ -70,34 +51,13 @@ std::string name_list(const std::vector<tsql::ColumnInfo>& columns) {
   return list;
 }
 
-/// Waits until the whole file is on the disk, through SQLite's own handle: closing any other would
-/// let go of SQLite's locks on the file.
-void sync_file(embedded::Database& database) {
-  sqlite3_file* file = nullptr;
-  sqlite3_file_control(database.handle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
-  const int code = file->pMethods->xSync(file, SQLITE_SYNC_NORMAL);
-  if (code != SQLITE_OK) throw embedded::sqlite_error(database.handle(), code);
+void make_empty_file(const fs::path& file) {
+  embedded::Database database(file, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+  database.run("PRAGMA page_size=4096");
+  embedded::create_procedure_store(database);
 }
 
 }  // namespace
-
-void create_embedded_catalogue(const fs::path& file, std::span<const std::string_view> scripts) {
-  if (fs::exists(file))
-    throw DatabaseError(Kind::other,
-                        "The catalogue file '" + file.string() + "' is there already.");
-  const UnfinishedFile unfinished(file);
-  {
-    embedded::Database database(unfinished.path(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-    database.run("PRAGMA page_size=4096; PRAGMA journal_mode=WAL");
-    embedded::create_procedure_store(database);
-  }
-  {
-    EmbeddedSession session(unfinished.path());
-    session.open({});
-    run_scripts(session, scripts);
-  }
-  fs::rename(unfinished.path(), file);
-}
 
 struct BulkInserter::Insert {
   EmbeddedSession& session;
@@ -131,12 +91,9 @@ void BulkInserter::add(std::span<const Value> row) {
   }
 }
 
-EmbeddedCatalogue::EmbeddedCatalogue(const fs::path& file, CatalogueUse use)
+EmbeddedCatalogue::EmbeddedCatalogue(const fs::path& file)
     : session_(std::make_unique<EmbeddedSession>(file)) {
   session_->open({});
-  if (use == CatalogueUse::filling)
-    session_->database().run(
-        "PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF; PRAGMA cache_size=-262144");
 }
 
 EmbeddedCatalogue::~EmbeddedCatalogue() = default;
@@ -199,10 +156,27 @@ std::vector<std::string> EmbeddedCatalogue::integrity_check() const {
   return faults;
 }
 
+void EmbeddedCatalogue::start_filling() {
+  session_->database().run(
+      "PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF; PRAGMA cache_size=-262144");
+}
+
 void EmbeddedCatalogue::finish_filling() {
-  embedded::Database& database = session_->database();
-  sync_file(database);
-  database.run("PRAGMA synchronous=FULL; PRAGMA journal_mode=WAL; PRAGMA cache_size=-65536");
+  session_->database().run("PRAGMA synchronous=FULL; PRAGMA journal_mode=WAL");
+}
+
+void create_embedded_catalogue(const fs::path& file, std::span<const std::string_view> scripts,
+                               const std::function<void(EmbeddedCatalogue&)>& fill) {
+  const embedded::UnfinishedCatalogue unfinished(file);
+  make_empty_file(unfinished.path());
+  {
+    EmbeddedCatalogue catalogue(unfinished.path());
+    catalogue.start_filling();
+    run_scripts(catalogue.connection(), scripts);
+    if (fill) fill(catalogue);
+    catalogue.finish_filling();
+  }
+  unfinished.publish();
 }
 
 }  // namespace tela

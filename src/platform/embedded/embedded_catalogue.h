@@ -22,11 +22,6 @@ class EmbeddedSession;
 /// says. The file must be there: it is never created by opening it.
 std::unique_ptr<Connection> make_embedded_connection(std::filesystem::path file);
 
-/// Creates the catalogue file and runs the T-SQL scripts in order, in one transaction. Refuses a
-/// file that is there already; a failure leaves no file behind. Throws DatabaseError.
-void create_embedded_catalogue(const std::filesystem::path& file,
-                               std::span<const std::string_view> scripts);
-
 /// Adds rows to one table at the engine's full speed, without a statement's text for each.
 class BulkInserter {
  public:
@@ -47,19 +42,11 @@ class BulkInserter {
   std::unique_ptr<Insert> insert_;
 };
 
-/// How a catalogue file is opened by a tool.
-enum class CatalogueUse {
-  shared,  ///< beside the tills and reports: durable and transactional, as a Connection is
-  filling  ///< a new file that no other program knows: nothing is synced before finish_filling(),
-           ///< and a crash leaves a file to be thrown away
-};
-
 /// One catalogue file, open for a tool's work. Every failure throws DatabaseError.
 class EmbeddedCatalogue {
  public:
   /// Opens a file that is there.
-  explicit EmbeddedCatalogue(const std::filesystem::path& file,
-                             CatalogueUse use = CatalogueUse::shared);
+  explicit EmbeddedCatalogue(const std::filesystem::path& file);
   ~EmbeddedCatalogue();
   EmbeddedCatalogue(EmbeddedCatalogue&&) noexcept;
   EmbeddedCatalogue& operator=(EmbeddedCatalogue&&) noexcept;
@@ -89,11 +76,23 @@ class EmbeddedCatalogue {
   /// What the engine finds wrong with the file; empty if it is sound. Reads the whole file.
   std::vector<std::string> integrity_check() const;
 
-  /// Ends `filling`: everything is on the disk and the file is an ordinary shared catalogue.
+ private:
+  friend void create_embedded_catalogue(const std::filesystem::path& file,
+                                        std::span<const std::string_view> scripts,
+                                        const std::function<void(EmbeddedCatalogue&)>& fill);
+  /// From here to `finish_filling` nothing is kept that would bring the file back after a failure.
+  void start_filling();
+  /// Makes the file an ordinary catalogue, which others may share.
   void finish_filling();
 
- private:
   std::unique_ptr<EmbeddedSession> session_;
 };
+
+/// Makes a catalogue: runs the T-SQL scripts in order, lets `fill` add what else it is to hold, and
+/// gives the file its name once all of it is on the disk. A failure, of `fill` too, leaves no file
+/// behind; a file that is there already is left as it is. Throws DatabaseError.
+void create_embedded_catalogue(const std::filesystem::path& file,
+                               std::span<const std::string_view> scripts,
+                               const std::function<void(EmbeddedCatalogue&)>& fill = {});
 
 }  // namespace tela

@@ -1,5 +1,3 @@
-#include <unistd.h>
-
 #include <chrono>
 #include <map>
 #include <string>
@@ -37,46 +35,6 @@ class CatalogueSink : public demo::RowSink {
   std::map<std::string, BulkInserter, std::less<>> inserters_;
 };
 
-// A file beside the catalogue that gets the catalogue's name when it is whole, and is gone
-// otherwise.
-class UnfinishedFile {
- public:
-  explicit UnfinishedFile(const fs::path& catalogue)
-      : catalogue_(catalogue), path_(catalogue.string() + "." + std::to_string(getpid()) + ".new") {
-    remove();
-  }
-  ~UnfinishedFile() { remove(); }
-  UnfinishedFile(const UnfinishedFile&) = delete;
-  UnfinishedFile& operator=(const UnfinishedFile&) = delete;
-
-  const fs::path& path() const { return path_; }
-
-  // A second name and not a renaming, since that would overwrite what stands there by now.
-  void finish() const {
-    std::error_code problem;
-    fs::create_hard_link(path_, catalogue_, problem);
-    if (!problem) return;
-    refuse_existing();
-    fs::rename(path_, catalogue_);
-  }
-
-  void refuse_existing() const {
-    if (!fs::exists(catalogue_)) return;
-    throw std::runtime_error(catalogue_.string() + " is there already and is left as it is");
-  }
-
- private:
-  void remove() const {
-    std::error_code ignored;
-    for (const char* suffix : {"", "-journal", "-wal", "-shm"}) {
-      fs::remove(path_.string() + suffix, ignored);
-    }
-  }
-
-  fs::path catalogue_;
-  fs::path path_;
-};
-
 demo::DemoSummary fill(EmbeddedCatalogue& catalogue, const demo::DemoOptions& options,
                        Messages& messages) {
   CatalogueSink sink(catalogue);
@@ -97,23 +55,17 @@ demo::DemoSummary fill(EmbeddedCatalogue& catalogue, const demo::DemoOptions& op
 
 void make_demo_catalogue(const fs::path& catalogue, const demo::DemoOptions& options,
                          Messages& messages) {
-  const UnfinishedFile file(catalogue);
-  file.refuse_existing();
   if (catalogue.has_parent_path()) fs::create_directories(catalogue.parent_path());
-
   // The indexes come last: built once over all rows they cost a fraction of what each row would.
   const auto scripts = catalogue_scripts();
-  create_embedded_catalogue(file.path(), scripts.first(scripts.size() - 1));
   demo::DemoSummary summary;
-  {
-    EmbeddedCatalogue filled(file.path(), CatalogueUse::filling);
-    filled.connection().set_command_timeout(std::chrono::hours(1));  // an index over all lines
-    summary = fill(filled, options, messages);
-    messages.progress([](std::ostream& out) { out << "indexes"; });
-    filled.run_script(scripts.back());
-    filled.finish_filling();
-  }
-  file.finish();
+  create_embedded_catalogue(
+      catalogue, scripts.first(scripts.size() - 1), [&](EmbeddedCatalogue& made) {
+        made.connection().set_command_timeout(std::chrono::hours(1));  // an index over all lines
+        summary = fill(made, options, messages);
+        messages.progress([](std::ostream& out) { out << "indexes"; });
+        made.run_script(scripts.back());
+      });
   messages.say("created " + catalogue.string() + ": " + std::to_string(summary.bills) +
                " bills with " + std::to_string(summary.lines) + " lines");
 }
