@@ -62,6 +62,43 @@ TEST_F(TransactionsTest, FillingATemporaryTableHoldsNobodyUp) {
   program_->execute("drop table #Lines");
 }
 
+TEST_F(TransactionsTest, TheCatalogueIsWrittenAfterATemporaryTableThoughATillBilledMeanwhile) {
+  program_->begin_trans();
+  program_->execute("create table #Lines (iName varchar(20), Qty float)");
+  program_->execute("insert into #Lines select iName,Qty from Sales");
+  EXPECT_EQ(program_->execute("select Qty from #Lines").rows.size(), 0u);
+  ASSERT_EQ(till_.run(other_bill), SQLITE_OK);
+  program_->execute("insert into SalesPrint select 'lines',count(*) from #Lines");
+  program_->execute("insert into SalesPrint select 'bills',count(*) from Sales");
+  EXPECT_EQ(till_.run(other_bill), SQLITE_BUSY) << "what it has written is its own";
+  program_->commit_trans();
+  const RowSet staged = program_->execute("select Qty from SalesPrint order by iName");
+  EXPECT_EQ(staged.rows, (std::vector<std::vector<Value>>{{1.0}, {0.0}}));
+  EXPECT_EQ(count("Sales"), 1);
+}
+
+TEST_F(TransactionsTest, WhatIsReadAfterATemporaryTableStaysTrueUntilItsChange) {
+  program_->begin_trans();
+  program_->execute("create table #Lines (Qty float)");
+  program_->execute("select sum(Qty) from Sales");
+  EXPECT_EQ(till_.run(other_bill), SQLITE_BUSY);
+  program_->commit_trans();
+}
+
+TEST_F(TransactionsTest, ATemporaryTableOfATransactionIsUndoneWithItsChangesOfTheCatalogue) {
+  program_->begin_trans();
+  program_->execute("create table #Lines (iName varchar(20), Qty float)");
+  program_->execute("insert into #Lines values('rice',1)");
+  ASSERT_EQ(till_.run("BEGIN IMMEDIATE"), SQLITE_OK);
+  program_->set_command_timeout(std::chrono::seconds(1));
+  EXPECT_EQ(failure_of("insert into SalesPrint select * from #Lines"), Kind::busy);
+  ASSERT_EQ(till_.run("ROLLBACK"), SQLITE_OK);
+  program_->execute("insert into SalesPrint select * from #Lines");
+  program_->rollback_trans();
+  EXPECT_EQ(count("SalesPrint"), 0);
+  program_->execute("create table #Lines (Qty float)");
+}
+
 TEST_F(TransactionsTest, ATemporaryTableIsItsConnectionsOwnAndUndoneWithItsTransaction) {
   program_->begin_trans();
   program_->execute("create table #Lines (Qty float)");

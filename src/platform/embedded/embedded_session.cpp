@@ -100,7 +100,9 @@ void run_to_end(Statement& statement) {
 }
 
 Reach reach_of(const tsql::Compiled& compiled) {
-  return compiled.target_is_temporary ? Reach::temporary : Reach::catalogue;
+  const bool is_temporary = compiled.kind == StatementKind::select ? !compiled.reads_catalogue
+                                                                   : compiled.target_is_temporary;
+  return is_temporary ? Reach::temporary : Reach::catalogue;
 }
 
 }  // namespace
@@ -213,8 +215,7 @@ RowSet EmbeddedSession::run(std::string_view sql) {
 }
 
 void EmbeddedSession::notice_schema_changes() {
-  // Within a transaction nobody else can change it.
-  if (opened().transaction.is_entered()) return;
+  if (opened().transaction.holds_write_lock()) return;
   if (open_->schema.notice_changes()) open_->cache.clear();
 }
 
@@ -231,8 +232,8 @@ std::vector<tsql::StoredValue> EmbeddedSession::bind(Statement& statement,
 }
 
 RowSet EmbeddedSession::select(CachedStatement& statement, const tsql::Normalized& literals) {
-  open_->transaction.enter(Reach::catalogue);
   const tsql::Compiled& compiled = statement.compiled;
+  open_->transaction.enter(reach_of(compiled));
   Statement& query = prepared(statement.whole, open_->database, compiled.sqlite_sql);
   const auto values = bind(query, compiled, literals);
   RowSet result;
@@ -289,6 +290,8 @@ void EmbeddedSession::define(const tsql::Compiled& compiled, std::string_view sq
   } else {
     open_->database.run(compiled.sqlite_sql.c_str());
   }
+  if (compiled.kind == StatementKind::create_table && compiled.target_is_temporary)
+    open_->transaction.note_created(compiled.target);
   open_->schema.forget();
 }
 

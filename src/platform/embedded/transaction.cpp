@@ -40,35 +40,66 @@ void Transaction::begin() {
 }
 
 void Transaction::enter(Reach reach) {
-  if (state_ != State::begun) return;
+  if (state_ != State::begun && state_ != State::filling) return;
   const bool to_write = reach == Reach::catalogue && !database_.is_read_only();
-  to_write ? take_write_lock() : database_.run("BEGIN");
-  state_ = State::entered;
+  to_write ? enter_for_writing() : enter_for_filling();
+}
+
+void Transaction::enter_for_filling() {
+  if (state_ == State::filling) return;
+  database_.run("BEGIN");
+  state_ = State::filling;
+}
+
+// SQLite lets go of what was read for the temporary tables only together with their changes.
+void Transaction::enter_for_writing() {
+  if (state_ == State::filling) {
+    database_.run("COMMIT");
+    state_ = State::begun;
+  }
+  take_write_lock();
+  state_ = State::writing;
+}
+
+void Transaction::note_created(const std::string& temporary_table) {
+  if (state_ == State::filling) created_.push_back(temporary_table);
 }
 
 void Transaction::commit() {
   require_open();
   const State state = std::exchange(state_, State::none);
-  if (state == State::undone)
+  if (state == State::undone) {
+    drop_created();
     throw DatabaseError(Kind::other, "Nothing is committed, the transaction was undone: " +
                                          std::exchange(undone_because_, {}));
-  if (state != State::entered) return;
+  }
   try {
-    end("COMMIT");
+    if (state != State::begun) end("COMMIT");
+    created_.clear();
   } catch (const DatabaseError&) {
     if (database_.in_transaction()) run_quietly(database_, "ROLLBACK");
     turns_.note_released();
+    drop_created();
     throw;
   }
 }
 
 void Transaction::rollback() {
   require_open();
-  if (std::exchange(state_, State::none) == State::entered) end("ROLLBACK");
+  const State state = std::exchange(state_, State::none);
+  if (state == State::filling) created_.clear();  // SQLite undoes them
+  if (state == State::filling || state == State::writing) end("ROLLBACK");
+  drop_created();
+}
+
+void Transaction::drop_created() {
+  for (const std::string& table : std::exchange(created_, {}))
+    run_quietly(database_, ("DROP TABLE IF EXISTS temp." + quoted_name(table)).c_str());
 }
 
 void Transaction::note_failure(const std::string& reason) {
-  if (state_ != State::entered || database_.in_transaction()) return;
+  if (state_ != State::filling && state_ != State::writing) return;
+  if (database_.in_transaction()) return;
   state_ = State::undone;
   undone_because_ = reason;
 }

@@ -3,13 +3,15 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/embedded/sqlite_handles.h"
 #include "platform/embedded/write_turns.h"
 
 namespace tela::embedded {
 
-/// What a statement touches: the catalogue, or only this connection's temporary tables (it may read
+/// What a statement is to the other programs: one that reads or writes the catalogue, or one that
+/// changes or reads only this connection's temporary tables (what it writes into them may come from
 /// the catalogue).
 enum class Reach { catalogue, temporary };
 
@@ -30,20 +32,28 @@ class Transaction {
   /// To be called before a statement runs. The first one that reaches the catalogue, if only by
   /// reading, takes the right to write at once: another program's commit between its reading and a
   /// later change would make the change impossible. Temporary tables are filled without it, so that
-  /// a long run does not hold up the tills.
+  /// a long run does not hold up the tills; docs/decisions/temporary_tables.md tells what happens
+  /// when the catalogue is reached after them.
   void enter(Reach reach);
 
-  /// Whether SQLite has a transaction open for it.
-  bool is_entered() const { return state_ == State::entered; }
+  /// Whether no other program can change the catalogue now.
+  bool holds_write_lock() const { return state_ == State::writing; }
+
+  /// To be called when a statement has created a temporary table.
+  void note_created(const std::string& temporary_table);
 
   /// To be called when a statement has failed: notices what the engine undid with it.
   void note_failure(const std::string& reason);
 
  private:
   friend class AtomicStep;
-  enum class State { none, begun, entered, undone };
+  /// What of it SQLite has open: nothing yet, the temporary tables alone, everything.
+  enum class State { none, begun, filling, writing, undone };
 
   void require_open() const;
+  void enter_for_filling();
+  void enter_for_writing();
+  void drop_created();
   void take_write_lock();
   /// Ends what SQLite has open by "COMMIT" or "ROLLBACK".
   void end(const char* sql);
@@ -52,6 +62,7 @@ class Transaction {
   WriteTurns turns_;
   State state_ = State::none;
   std::string undone_because_;
+  std::vector<std::string> created_;  ///< temporary tables, before the catalogue was reached
 };
 
 /// Undoes what is done in its scope unless it is kept: a part of the open transaction, else one of

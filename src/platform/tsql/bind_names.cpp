@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "platform/tsql/binder.h"
+#include "platform/tsql/emitter.h"
 #include "platform/tsql/lexer.h"
 
 namespace tela::tsql {
@@ -59,6 +60,7 @@ void Binder::bind_from(std::vector<TableRef>& tables, Scope& scope) {
       bind_derived(table);
     } else {
       table.info = &table_info(table.table, table.position);
+      reads_catalogue_ = reads_catalogue_ || !is_temporary(table.info->name);
     }
     ++scope.visible;
     if (table.on) bind_condition(table.on, scope);

@@ -33,6 +33,9 @@ class Binder {
   /// Literals whose text decided about the meaning.
   const std::vector<std::size_t>& pinned() const { return pinned_; }
 
+  /// Whether it reads a table that is not temporary.
+  bool reads_catalogue() const { return reads_catalogue_; }
+
  private:
   enum class Aggregates { forbidden, allowed, inside };
 
@@ -97,6 +100,7 @@ class Binder {
   int sources_ = 0;  ///< table references numbered so far
   std::vector<std::unique_ptr<TableInfo>> derived_;
   std::vector<std::size_t> pinned_;
+  bool reads_catalogue_ = false;
 };
 
 /// Whether the expression is true or false, and no value.

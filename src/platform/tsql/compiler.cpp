@@ -80,6 +80,7 @@ class Compilation {
   Compiled finish(std::size_t literal_count) {
     result_.sqlite_sql = std::move(emitter_.sql());
     result_.parameters = std::move(emitter_.parameters());
+    result_.reads_catalogue = binder_.reads_catalogue();
     result_.group_days = std::move(emitter_.group_days());
     pin_rest(literal_count);
     return std::move(result_);

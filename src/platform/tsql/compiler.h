@@ -134,6 +134,7 @@ struct Compiled {
   std::vector<ResultColumn> columns;  ///< of a select
   std::string target;                 ///< the table or procedure that a change names, as created
   bool target_is_temporary = false;
+  bool reads_catalogue = false;  ///< not the connection's temporary tables alone
 
   /// Pairs of `parameters` that bound the days of rows which the client groups: it may read such
   /// rows in parts.
