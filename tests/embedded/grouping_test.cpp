@@ -34,6 +34,13 @@ struct Shape {
   bool is_hashed = true;  ///< whether the client makes the groups
 };
 
+const std::string many_literals = [] {
+  std::string sql = "select iName, sum(Qty) from Sales where BillNo in (0";
+  for (int i = 1; i < 400; ++i) sql += "," + std::to_string(i);
+  sql += ") and iName in ('soap','rice') group by iName";
+  return sql;
+}();
+
 const Shape shapes[] = {
     // Keys: equal spellings, nulls, several, expressions, without any aggregate.
     {"select iName, count(*) from Sales group by iName"},
@@ -78,6 +85,8 @@ const Shape shapes[] = {
     {"select iName, Rate, count(*), count(Qty), sum(Qty), avg(Qty), min(Qty), max(Qty), "
      "min(iName), max(iName), sum(Counter), avg(Counter), min(BillDate), max(BillDate) from Sales "
      "where BillDate >= '01/Jan/2024' and BillDate <= '31/Jan/2024' group by iName, Rate"},
+    {"select iName, count(*), sum(Qty) from Sales where BillDate between '25/Jan/2024' and "
+     "'10/Mar/2024' group by iName"},
     {"select S.iName, I.Rate, sum(S.Qty) from Sales S left join Items I on S.iName = I.iName "
      "where S.BillDate between '05/Jan/2024' and '14/Jan/2024' and S.Counter in (1, 2) "
      "group by S.iName, I.Rate"},
@@ -87,6 +96,10 @@ const Shape shapes[] = {
     {"select iName, sum(1 / Qty) from Sales group by iName"},
     {"select 1 / Counter from Sales group by 1 / Counter"},
     {"select iName, 1 / (min(Counter)) from Sales group by iName"},
+    // More literals than a function of the engine takes.
+    {"select distinct BillNo from Sales where BillNo in (1,2,3,4,5,6,7,8,9,10,11,12,13,14,15) and "
+     "iName <> 'none' and Qty <> 0.3"},
+    {many_literals.c_str()},
     // What stays with the engine.
     {"select sum(Qty), min(iName), count(*) from Sales", false},
     {"select iName, sum(distinct Counter) from Sales group by iName", false},
@@ -138,6 +151,15 @@ TEST(GroupingStatements, GiveTheSameRowsHashedAndSorted) {
     EXPECT_GE(grouped, least_grouped);
     EXPECT_GE(in_parts, least_in_parts);
   }
+}
+
+TEST(ManyGroups, GrowWhileRowsAreAdded) {
+  embedded::Database database(":memory:", SQLITE_OPEN_READWRITE);
+  register_sql_functions(database.handle());
+  EXPECT_EQ(database.text("SELECT count(*) || ' ' || sum(c1) || ' ' || max(c1) FROM tela_groups("
+                          "'WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE "
+                          "i < 9999) SELECT i % 5000, i FROM n', 'ks', 0, 0, tela_values())"),
+            "5000 49995000 14998");
 }
 
 }  // namespace

@@ -31,7 +31,7 @@ class RandomValues {
       case tsql::TypeKind::real:
         return numbers[below(numbers.size())];
       case tsql::TypeKind::date:
-        return static_cast<std::int64_t>(20240104 + below(12));
+        return days[below(days.size())];
       default:
         return static_cast<std::int64_t>(below(4));
     }
@@ -41,6 +41,10 @@ class RandomValues {
   // Each text in several spellings that are one text, and texts that only look alike.
   static constexpr std::array<const char*, 9> texts{"Soap", "SOAP ", "soap  ", "Rice", "rice",
                                                     "",     "  ",    "O'Neil", "SGST"};
+  // Some are no days of the calendar: the tills check nothing.
+  static constexpr std::array<std::int64_t, 12> days{20240104, 20240105, 20240109, 20240114,
+                                                     20240131, 20240132, 20240199, 20240200,
+                                                     20240201, 20240215, 20240230, 20240301};
   static constexpr std::array<double, 6> numbers{0, 0.1, 0.2, 2, 1e6 + 0.01, -0.3};
 
   std::size_t below(std::size_t bound) { return random_() % bound; }

@@ -15,7 +15,7 @@ namespace {
 using testing::OtherProgram;
 using testing::Shop;
 
-TEST(DayParts, HoldEveryDayOnce) {
+TEST(DayParts, HoldEveryNumberOnce) {
   for (const DayPart days : {DayPart{20240101, 20240108}, DayPart{20231225, 20240305},
                              DayPart{20150101, 20241231}, DayPart{19000101, 99991231}}) {
     const auto parts = divide(days);
@@ -24,7 +24,9 @@ TEST(DayParts, HoldEveryDayOnce) {
     EXPECT_EQ(parts.back().last, days.last);
     for (std::size_t i = 1; i < parts.size(); ++i) {
       EXPECT_LE(parts[i].first, parts[i].last);
-      EXPECT_EQ(parts[i].first, tsql::date_add("day", 1, parts[i - 1].last));
+      EXPECT_EQ(parts[i].first, parts[i - 1].last + 1)
+          << "numbers that are no days are some part's";
+      EXPECT_NO_THROW(tsql::date_add("day", 1, parts[i].first)) << "a day";
     }
   }
   for (const DayPart days :
@@ -85,6 +87,37 @@ TEST_F(Helpers, KeepTheirViewWhileTheyWork) {
       << "they only read";
 }
 
+TEST_F(Helpers, EndInTimeWithTheStatement) {
+  helpers.stand_by();
+  const HelpersAtWork at_work(helpers, main.handle());
+  clock.start(std::chrono::seconds(-1));
+  EXPECT_EQ(sqlite3_exec(at_work.connection(0),
+                         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < "
+                         "1000000) SELECT max(i) FROM n",
+                         nullptr, nullptr, nullptr),
+            SQLITE_INTERRUPT);
+}
+
+// How often this process has the file open.
+int count_handles(const std::filesystem::path& file) {
+  int handles = 0;
+  for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+    std::error_code gone;
+    handles += std::filesystem::read_symlink(entry.path(), gone) == file ? 1 : 0;
+  }
+  return handles;
+}
+
+TEST_F(Helpers, AreCalledForALongPeriodAlone) {
+  const auto connection = shop.connect();
+  const int before = count_handles(shop.file);
+  const std::string head = "select iName,sum(Qty) from Sales where BillDate>='01/Jan/2024' and ";
+  connection->execute(head + "BillDate<='02/Jan/2024' group by iName");
+  EXPECT_EQ(count_handles(shop.file), before);
+  connection->execute(head + "BillDate<='31/Jan/2024' group by iName");
+  EXPECT_GT(count_handles(shop.file), before);
+}
+
 // Pages that a connection has asked for since the last look.
 int take_reads(sqlite3* connection) {
   int hits = 0;
@@ -104,12 +137,14 @@ TEST_F(Helpers, ReadTheRowsOfManyDaysOnly) {
     take_reads(helper);
     main.run(("SELECT * FROM tela_groups('SELECT iName, Qty FROM Sales WHERE BillDate BETWEEN ?1 "
               "AND ?2', 'ks', " +
-              days + ")")
+              days + "))")
                  .c_str());
     return take_reads(helper);
   };
-  EXPECT_GT(group("1, 2, 20240101, 20240131"), group("0, 0, 20240101, 20240131"));
-  EXPECT_GT(group("1, 2, 20240101, 20240131"), group("1, 2, 20240101, 20240102"));
+  EXPECT_GT(group("1, 2, tela_values(20240101, 20240131"),
+            group("0, 0, tela_values(20240101, 20240131"));
+  EXPECT_GT(group("1, 2, tela_values(20240101, 20240131"),
+            group("1, 2, tela_values(20240101, 20240102"));
 }
 
 }  // namespace

@@ -25,13 +25,15 @@ TEST_F(Compile, WritesTheEnginesSql) {
     const char* sqlite;
   } cases[] = {
       {"select billno from SALESTEMP where billdate>='05/Jan/2024' and Staff='RAVI'",
-       R"(SELECT t1."BillNo" FROM main."SalesTemp" AS t1 WHERE ((t1."BillDate" >= ?1) AND (t1."Staff" = ?2 COLLATE TELA)))"},
+       R"(SELECT t1."BillNo" FROM main."SalesTemp" AS t1 WHERE ((t1."BillDate" >= ?1) AND (t1."Staff" COLLATE TELA = ?2 COLLATE TELA)))"},
       {"select distinct Catagory from Items order by Catagory desc",
-       R"(SELECT t1."c0" FROM tela_groups('SELECT t1."Catagory" FROM main."Items" AS t1', 'k', 0, 0) AS t1 ORDER BY 1 COLLATE TELA DESC)"},
+       R"(SELECT t1."c0" FROM tela_groups('SELECT t1."Catagory" FROM main."Items" AS t1', 'k', 0, 0, tela_values()) AS t1 ORDER BY 1 COLLATE TELA DESC)"},
       {"select iCode,sum(Qty)/2 as Half from Sales where Counter=1 group by iCode order by Half",
-       R"(SELECT t1."c0", tela_div(t1."c1", ?1) FROM tela_groups('SELECT t1."iCode", t1."Qty" FROM main."Sales" AS t1 WHERE (t1."Counter" = ?1)', 'ks', 0, 0, ?2) AS t1 ORDER BY 2, t1."c0")"},
+       R"(SELECT t1."c0", tela_div(t1."c1", ?1) FROM tela_groups('SELECT t1."iCode", t1."Qty" FROM main."Sales" AS t1 WHERE (t1."Counter" = ?1)', 'ks', 0, 0, tela_values(?2)) AS t1 ORDER BY 2, t1."c0")"},
       {"select top 3 month(BillDate),5/2 from Sales S left join Items on S.iCode=Items.iCode",
        R"(SELECT (t1."BillDate" / 100 % 100), tela_int_div(?1, ?2) FROM main."Sales" AS t1 LEFT JOIN main."Items" AS t2 ON (t1."iCode" = t2."iCode") LIMIT 3)"},
+      {"select 1 from Sales where Qty-1+(Qty-2)*3-4=0 and Counter=1 and (Qty=1 or Qty=2 or Qty=3)",
+       R"(SELECT ?1 FROM main."Sales" AS t1 WHERE (((t1."Qty" - ?2 + ((t1."Qty" - ?3) * ?4) - ?5) = ?6) AND (t1."Counter" = ?7) AND ((t1."Qty" = ?8) OR (t1."Qty" = ?9) OR (t1."Qty" = ?10))))"},
       {"insert into #CostCompare values(1),(-2.5)",
        R"(INSERT INTO temp."#CostCompare" ("SaleRate") VALUES (?1), (?2))"},
       {"insert into HsnGstReport (iHSNcode,Qty) select iName,str(Qty) from Sales",

@@ -30,8 +30,9 @@ std::vector<DayPart> divide(const DayPart& days) {
   const std::int64_t length = count_days(days);
   const std::int64_t count = std::min(length / least_days_a_part, most_parts);
   for (std::int64_t i = 0; i < count; ++i) {
-    parts.push_back({tsql::date_add("day", length * i / count, days.first),
-                     tsql::date_add("day", length * (i + 1) / count - 1, days.first)});
+    const std::int64_t first = tsql::date_add("day", length * i / count, days.first);
+    if (i > 0) parts.back().last = first - 1;
+    parts.push_back({first, days.last});
   }
   return parts;
 }

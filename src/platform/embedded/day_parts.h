@@ -6,7 +6,9 @@
 
 namespace tela::embedded {
 
-/// Some days in a row: the first and the last, as yyyymmdd.
+/// Some days in a row: the first and the last, as yyyymmdd, with all whole numbers between them. A
+/// part ends right ahead of the next one, which need not be a day of the calendar: the tills may
+/// have stored what is none, and no row falls between two parts.
 struct DayPart {
   std::int64_t first = 0;
   std::int64_t last = 0;

@@ -14,7 +14,7 @@ namespace {
 std::vector<DayPart> parts_of(const GroupCall& call) {
   if (call.first_day == 0) return {};
   const auto day = [&](int number) {
-    return sqlite3_value_int64(call.parameters[static_cast<std::size_t>(number) - 1]);
+    return std::get<std::int64_t>(call.parameters[static_cast<std::size_t>(number) - 1]);
   };
   return divide({day(call.first_day), day(call.last_day)});
 }

@@ -12,6 +12,7 @@
 #include "platform/embedded/divided_groups.h"
 #include "platform/embedded/group_queries.h"
 #include "platform/embedded/group_rows.h"
+#include "platform/embedded/packed_values.h"
 #include "platform/embedded/sqlite_handles.h"
 #include "platform/embedded/stored_values.h"
 
@@ -19,8 +20,8 @@ namespace tela::embedded {
 namespace {
 
 constexpr int first_argument = static_cast<int>(tsql::most_group_columns);
-constexpr int own_arguments = 4;
-constexpr int most_arguments = static_cast<int>(tsql::most_group_parameters) + own_arguments;
+// SQLite checks the arguments beyond the sixteenth itself, and would ask the table for them.
+constexpr int argument_count = 5;
 
 struct GroupsTable : sqlite3_vtab {
   GroupsTable(sqlite3* connection, const GroupSettings& chosen)
@@ -48,7 +49,7 @@ Scan& scan_of(sqlite3_vtab_cursor* cursor) {
 std::string declaration() {
   std::string columns;
   for (int i = 0; i < first_argument; ++i) columns += "c" + std::to_string(i) + ", ";
-  for (int i = 0; i < most_arguments; ++i) {
+  for (int i = 0; i < argument_count; ++i) {
     columns += (i == 0 ? "a" : ", a") + std::to_string(i) + " HIDDEN";
   }
   return "CREATE TABLE groups(" + columns + ")";
@@ -110,7 +111,7 @@ std::string_view text_of(sqlite3_value* value) {
 
 GroupCall call_of(std::span<sqlite3_value*> arguments) {
   return {text_of(arguments[0]), text_of(arguments[1]), sqlite3_value_int(arguments[2]),
-          sqlite3_value_int(arguments[3]), arguments.subspan(own_arguments)};
+          sqlite3_value_int(arguments[3]), unpack_values(arguments[4])};
 }
 
 int step_sorted(Scan& scan) {
@@ -181,6 +182,9 @@ int is_behind_last(sqlite3_vtab_cursor* cursor) {
 
 int column_value(sqlite3_vtab_cursor* cursor, sqlite3_context* context, int column) {
   const Scan& scan = scan_of(cursor);
+  if (column >= first_argument) {
+    return fail(cursor->pVtab, SQLITE_INTERNAL, "The groups were asked for an argument.");
+  }
   if (!scan.groups) {
     sqlite3_result_value(context, sqlite3_column_value(scan.sorted.get(), column));
     return SQLITE_OK;
@@ -224,6 +228,7 @@ void register_groups(sqlite3* database, const GroupSettings& settings) {
   int code = sqlite3_create_module_v2(database, "tela_groups", &module, new GroupSettings(settings),
                                       forget);
   if (code == SQLITE_OK) code = register_collector(database);
+  if (code == SQLITE_OK) code = register_packing(database);
   if (code != SQLITE_OK) throw sqlite_error(database, code);
 }
 

@@ -17,11 +17,11 @@ struct GroupSettings {
   ReadingHelpers* helpers = nullptr;
 };
 
-/// Makes the table-valued function tela_groups(source, plan, first, last, parameters…) known to a
+/// Makes the table-valued function tela_groups(source, plan, first, last, parameters) known to a
 /// connection: the rows of the select `source`, grouped as `plan` says (tsql/group_plan.h), in the
-/// order of the keys, with columns c0, c1 …. The parameters are the source's ?1, ?2 …; `first` and
-/// `last` are the numbers of the two among them that bound the rows' days, both in, or 0. Throws
-/// DatabaseError.
+/// order of the keys, with columns c0, c1 …. The parameters are the source's ?1, ?2 …, packed by
+/// tela_values (packed_values.h); `first` and `last` are the numbers of the two among them that
+/// bound the rows' days, both in, or 0. Throws DatabaseError.
 void register_groups(sqlite3* database, const GroupSettings& settings = {});
 
 }  // namespace tela::embedded

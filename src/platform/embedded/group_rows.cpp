@@ -38,6 +38,22 @@ void collect_row(sqlite3_context* context, int /*count*/, sqlite3_value** values
   }
 }
 
+/// Binds a value; SQLite keeps a copy, for the select may outlive the call.
+struct Bind {
+  sqlite3_stmt* statement;
+  int position;
+
+  int operator()(std::monostate) const { return sqlite3_bind_null(statement, position); }
+  int operator()(std::int64_t value) const {
+    return sqlite3_bind_int64(statement, position, value);
+  }
+  int operator()(double value) const { return sqlite3_bind_double(statement, position, value); }
+  int operator()(const std::string& value) const {
+    return sqlite3_bind_text64(statement, position, value.data(), value.size(), SQLITE_TRANSIENT,
+                               SQLITE_UTF8);
+  }
+};
+
 void end_rows(sqlite3_context* context) {
   sqlite3_result_null(context);
 }
@@ -51,7 +67,7 @@ int prepare(sqlite3* database, const std::string& sql, const GroupCall& call,
       sqlite3_prepare_v2(database, sql.data(), static_cast<int>(sql.size()), &statement, nullptr);
   select.reset(statement);
   for (std::size_t i = 0; i < call.parameters.size() && code == SQLITE_OK; ++i) {
-    code = sqlite3_bind_value(statement, static_cast<int>(i) + 1, call.parameters[i]);
+    code = std::visit(Bind{statement, static_cast<int>(i) + 1}, call.parameters[i]);
   }
   return code;
 }

@@ -4,9 +4,9 @@
 #include <sqlite3.h>
 
 #include <cstddef>
-#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/embedded/day_parts.h"
 #include "platform/embedded/group_table.h"
@@ -21,7 +21,7 @@ struct GroupCall {
   /// The numbers of the parameters that bound the source's days, from 1; 0 for none.
   int first_day = 0;
   int last_day = 0;
-  std::span<sqlite3_value*> parameters;
+  std::vector<tsql::StoredValue> parameters;
 };
 
 /// Prepares a select and binds the call's parameters. SQLite's result code: within a function that

@@ -52,7 +52,8 @@ GroupTable::GroupTable(std::string_view plan) {
 }
 
 void GroupTable::add(Row row) {
-  auto total = totals_.begin() + static_cast<std::ptrdiff_t>(group_of(row) * aggregates_.size());
+  const std::size_t group = group_of(row);  // which may be a new one
+  auto total = totals_.begin() + static_cast<std::ptrdiff_t>(group * aggregates_.size());
   Row value = row + key_count_;
   for (const GroupColumn kind : aggregates_) {
     if (kind == GroupColumn::count_rows) {

@@ -15,6 +15,7 @@
 #include "platform/embedded/group_module.h"
 #include "platform/embedded/stored_values.h"
 #include "platform/embedded/sum_functions.h"
+#include "platform/embedded/text_joins.h"
 #include "platform/text/number_text.h"
 #include "platform/text/strings.h"
 #include "platform/text/utf8.h"
@@ -310,6 +311,7 @@ void register_sql_functions(sqlite3* database) {
                                                    collate<tsql::compare_texts>, nullptr));
   require_ok(database, sqlite3_create_collation_v2(database, "TELA_SPELLING", SQLITE_UTF8, nullptr,
                                                    collate<tsql::compare_spellings>, nullptr));
+  embedded::hash_no_texts(database);
   embedded::register_sum_functions(database);
   embedded::register_groups(database);
 }

@@ -34,7 +34,9 @@ const char* hindrance(int code) {
 }
 
 // The engine's own bound on nesting lies below the front end's for some statements.
-constexpr std::string_view kTooDeep = "parser stack overflow";
+bool is_too_deep(std::string_view engine) {
+  return engine == "parser stack overflow" || engine.starts_with("Expression tree is too large");
+}
 
 }  // namespace
 
@@ -48,7 +50,7 @@ DatabaseError sqlite_error(sqlite3* database, int code) {
     return error(Kind::busy, "Another program changed the catalogue during this transaction.");
   if (code == SQLITE_READONLY_DIRECTORY || code == SQLITE_READONLY_CANTINIT)
     return error(Kind::storage, file + " cannot be shared: its folder is read-only.");
-  if (engine == kTooDeep) return error(Kind::syntax, "The statement is nested too deeply.");
+  if (is_too_deep(engine)) return error(Kind::syntax, "The statement is nested too deeply.");
   switch (code & 0xff) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:

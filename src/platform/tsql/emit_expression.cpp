@@ -1,4 +1,6 @@
 // Expressions in SQLite's words. Whatever is made of parts is written in brackets.
+#include <algorithm>
+
 #include "platform/tsql/emitter.h"
 #include "platform/tsql/functions.h"
 #include "platform/tsql/types.h"
@@ -35,6 +37,31 @@ std::string_view operator_text(Operator op) {
       return " OR ";
     default:
       return "";
+  }
+}
+
+bool concatenates(const Expr& expr) {
+  return expr.op == Operator::plus && is_text(expr.type);
+}
+
+bool is_sum(const Expr& expr) {
+  return (expr.op == Operator::plus || expr.op == Operator::minus) && !is_text(expr.type);
+}
+
+// Whether `left` is the front of a chain of operations (a or b or c) that `expr` goes on with: it
+// needs no brackets, of which the engine reads less than a hundred in one another.
+bool continues(const Expr& left, const Expr& expr) {
+  if (left.kind != ExprKind::binary || left.is_group_key) return false;
+  switch (expr.op) {
+    case Operator::plus:
+    case Operator::minus:
+      return is_sum(expr) ? is_sum(left) : concatenates(left);
+    case Operator::times:
+    case Operator::logical_and:
+    case Operator::logical_or:
+      return left.op == expr.op;
+    default:
+      return false;
   }
 }
 
@@ -131,17 +158,22 @@ void Emitter::emit_literal(const Expr& expr) {
 }
 
 void Emitter::emit_parameter(Parameter parameter, std::size_t position) {
-  std::size_t number = 0;
-  while (number < parameters_.size() && !(parameters_[number] == parameter)) ++number;
-  if (number == parameters_.size()) {
-    if (number == most_parameters) {
-      throw CompileError(CompileError::Kind::syntax, "The statement has too many literals.",
-                         position);
-    }
-    parameters_.push_back(std::move(parameter));
-  }
+  const auto [begin, end] = by_literal_.equal_range(parameter.literal);
+  const auto known = std::find_if(
+      begin, end, [&](const auto& entry) { return parameters_[entry.second] == parameter; });
+  const std::size_t number = known == end ? parameters_.size() : known->second;
+  if (known == end) add_parameter(std::move(parameter), position);
   write("?");
   write_number(number + 1);
+}
+
+void Emitter::add_parameter(Parameter parameter, std::size_t position) {
+  if (parameters_.size() == most_parameters) {
+    throw CompileError(CompileError::Kind::syntax, "The statement has too many literals.",
+                       position);
+  }
+  by_literal_.emplace(parameter.literal, parameters_.size());
+  parameters_.push_back(std::move(parameter));
 }
 
 void Emitter::emit_foreign_literal(const Expr& expr) {
@@ -158,15 +190,22 @@ void Emitter::emit_unary(const Expr& expr) {
 
 void Emitter::emit_binary(const Expr& expr) {
   if (expr.op == Operator::divide || expr.op == Operator::modulo) return emit_division(expr);
-  const Expr& right = *expr.args[1];
-  const bool concatenates = expr.op == Operator::plus && is_text(expr.type);
-  const bool compares_texts = expr.type.kind == TypeKind::null && is_text(right.type);
   write("(");
-  emit(*expr.args[0]);
-  write(concatenates ? " || " : operator_text(expr.op));
-  emit(right);
-  if (compares_texts) write(" COLLATE TELA");
+  emit_operands(expr);
   write(")");
+}
+
+void Emitter::emit_operands(const Expr& expr) {
+  const Expr& left = *expr.args[0];
+  const Expr& right = *expr.args[1];
+  const bool compares_texts = expr.type.kind == TypeKind::null && is_text(right.type);
+  // On both sides: the engine may turn them round, or put the left one into another condition.
+  const std::string_view collation = compares_texts ? " COLLATE TELA" : "";
+  continues(left, expr) ? emit_operands(left) : emit(left);
+  write(collation);
+  write(concatenates(expr) ? " || " : operator_text(expr.op));
+  emit(right);
+  write(collation);
 }
 
 void Emitter::emit_division(const Expr& expr) {

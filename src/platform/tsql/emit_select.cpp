@@ -145,12 +145,28 @@ void Emitter::emit_groups(const TableRef& table) {
   source.emit(*table.derived);
   write("tela_groups(" + quoted_text(source.sql_) + ", " + quoted_text(table.group_plan));
   emit_group_days(table, source.parameters_);
-  for (const Parameter& parameter : source.parameters_) {
-    write(", ");
-    emit_parameter(parameter, 0);
-  }
+  write(", ");
+  emit_values(source.parameters_);
   write(")");
   if (table.group_days) group_days_.push_back(days_among(parameters_, *table.group_days));
+}
+
+// All values as one: a table-valued function takes few arguments, any other function 127 at most,
+// so that a long list is a list of lists.
+void Emitter::emit_values(std::span<const Parameter> parameters) {
+  constexpr std::size_t most_args = 100;
+  const bool is_long = parameters.size() > most_args;
+  const std::size_t step = is_long ? (parameters.size() + most_args - 1) / most_args : 1;
+  write("tela_values(");
+  for (std::size_t i = 0; i < parameters.size(); i += step) {
+    if (i > 0) write(", ");
+    if (is_long) {
+      emit_values(parameters.subspan(i, std::min(step, parameters.size() - i)));
+    } else {
+      emit_parameter(parameters[i], 0);
+    }
+  }
+  write(")");
 }
 
 void Emitter::emit_group_days(const TableRef& table, const std::vector<Parameter>& parameters) {

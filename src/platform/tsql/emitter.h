@@ -6,8 +6,10 @@
 #pragma once
 
 #include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/tsql/ast.h"
@@ -38,6 +40,7 @@ class Emitter {
   void emit_table(const TableRef& table);
   void emit_groups(const TableRef& table);
   void emit_group_days(const TableRef& table, const std::vector<Parameter>& parameters);
+  void emit_values(std::span<const Parameter> parameters);
   void emit_order_by(const Select& select);
   void emit_limit(const Select& select);
 
@@ -46,9 +49,11 @@ class Emitter {
   void emit_plain(const Expr& expr);
   void emit_literal(const Expr& expr);
   void emit_parameter(Parameter parameter, std::size_t position);
+  void add_parameter(Parameter parameter, std::size_t position);
   void emit_foreign_literal(const Expr& expr);
   void emit_unary(const Expr& expr);
   void emit_binary(const Expr& expr);
+  void emit_operands(const Expr& expr);
   void emit_division(const Expr& expr);
   void emit_membership(const Expr& expr);
   void emit_between(const Expr& expr);
@@ -78,6 +83,7 @@ class Emitter {
 
   std::string sql_;
   std::vector<Parameter> parameters_;
+  std::unordered_multimap<std::size_t, std::size_t> by_literal_;  ///< where in parameters_
   std::vector<DayRange> group_days_;
 };
 

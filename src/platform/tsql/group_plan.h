@@ -19,8 +19,7 @@ enum class GroupColumn : char {
   greatest = '>',
 };
 
-/// The most columns that groups have, and the most parameters that their source takes.
+/// The most columns that groups have.
 inline constexpr std::size_t most_group_columns = 64;
-inline constexpr std::size_t most_group_parameters = 32;
 
 }  // namespace tela::tsql

@@ -13,6 +13,8 @@
 namespace tela::tsql {
 namespace {
 
+constexpr int most_levels = 8;
+
 bool is_aggregate(const Expr& expr) {
   return expr.function != nullptr && expr.function->kind == FunctionKind::aggregate;
 }
@@ -68,14 +70,6 @@ bool can_finish(ExprPtr& result) {
   return can;
 }
 
-std::size_t count_literals(Select& select) {
-  std::size_t count = 0;
-  for_each_expression(select, [&](ExprPtr& root) {
-    for_each_node(root, [&](ExprPtr& node) { count += node->kind == ExprKind::literal ? 1 : 0; });
-  });
-  return count;
-}
-
 std::size_t count_columns(Select& select) {
   std::size_t count = select.group_by.size();
   for_each_result(select, [&](ExprPtr& result) {
@@ -84,13 +78,28 @@ std::size_t count_columns(Select& select) {
   return count;
 }
 
+// How many sources stand in one another, each a text within the next one's text, where every quote
+// is doubled.
+int count_levels(Select& select) {
+  int levels = 0;
+  for (const TableRef& table : select.from) {
+    if (!table.derived) continue;
+    levels = std::max(levels, count_levels(*table.derived) + (table.group_plan.empty() ? 0 : 1));
+  }
+  for_each_expression(select, [&](ExprPtr& root) {
+    for_each_own_node(root, [&](ExprPtr& node) {
+      if (node->select) levels = std::max(levels, count_levels(*node->select));
+    });
+  });
+  return select.union_with ? std::max(levels, count_levels(*select.union_with)) : levels;
+}
+
 bool can_hash(Select& select) {
   // Without a key there is one group, and the engine sorts nothing.
   if (!select.is_grouped || select.group_by.empty() || select.from.empty()) return false;
   const auto has_type = [](const ExprPtr& key) { return key->type.kind != TypeKind::null; };
   bool can = std::ranges::all_of(select.group_by, has_type) && !reads_outer_columns(select) &&
-             count_literals(select) <= most_group_parameters &&
-             count_columns(select) <= most_group_columns;
+             count_columns(select) <= most_group_columns && count_levels(select) < most_levels;
   for_each_result(select, [&](ExprPtr& result) { can = can && can_finish(result); });
   return can;
 }
