@@ -75,16 +75,6 @@ void Transaction::commit() {
   open_ = false;
 }
 
-std::string sql_quoted(std::string_view text) {
-  std::string quoted;
-  quoted.reserve(text.size());
-  for (const char character : text) {
-    quoted += character;
-    if (character == '\'') quoted += '\'';
-  }
-  return quoted;
-}
-
 std::string field_text(const Value& value) {
   struct Writer {
     std::string operator()(std::monostate) const { return {}; }

@@ -38,10 +38,6 @@ class Transaction {
   bool open_ = true;
 };
 
-/// The text between the quotes of a SQL literal: single quotes are doubled. Every text that a user
-/// or a table supplies enters a statement through this.
-std::string sql_quoted(std::string_view text);
-
 /// A field as text: a number in plain form, a date as dd/mm/yyyy, a time as HH:MM:SS, null as
 /// empty.
 std::string field_text(const Value& value);

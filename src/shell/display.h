@@ -38,6 +38,9 @@ class Display {
   /// Moves the focus to a control of a screen.
   virtual void focus(const Screen& screen, const std::string& control) = 0;
   virtual void pointer(Pointer shape) = 0;
+  /// A remark beside the work, such as why a double click opened nothing new. It waits for no
+  /// answer, and a script does not tell it.
+  virtual void hint(const std::string& text) = 0;
 
   /// A screen has been opened, brought to the front, or closed. `closed` comes while the screen
   /// still exists, for the last time.

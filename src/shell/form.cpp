@@ -87,6 +87,10 @@ Control chart(std::string name) {
   return control;
 }
 
+void append(std::vector<Control>& controls, std::vector<Control> more) {
+  for (Control& control : more) controls.push_back(std::move(control));
+}
+
 void ClearIfNotNumeric(Control& box) {
   if (!is_numeric(box.text)) box.text.clear();
 }

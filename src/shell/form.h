@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/chart/chart.h"
@@ -64,6 +65,18 @@ Control picture_button(std::string name, std::string words);
 Control list_box(std::string name);
 Control grid(std::string name, int cols, int fixed_cols = 0);
 Control chart(std::string name);
+
+/// The controls as a list. They cannot be copied, so no braces make one.
+template <class... Each>
+std::vector<Control> tab_order(Each... controls) {
+  std::vector<Control> all;
+  all.reserve(sizeof...(controls));
+  (all.push_back(std::move(controls)), ...);
+  return all;
+}
+
+/// Appends `more` to a list of controls.
+void append(std::vector<Control>& controls, std::vector<Control> more);
 
 /// If the box's text is not numeric as a whole, empties it.
 void ClearIfNotNumeric(Control& box);

@@ -16,7 +16,7 @@ Grid::Grid(int cols, int fixed_cols)
       widths_(static_cast<std::size_t>(cols), kDefaultWidth) {}
 
 void Grid::SetRows(int rows) {
-  if (rows < 0 || rows > kLastGridRow)
+  if (rows < 0 || rows > kLastGridRow + 1)
     throw GridError("A grid cannot have " + std::to_string(rows) + " rows.");
   cells_.resize(static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols_));
   bands_.erase(bands_.lower_bound(rows), bands_.end());

@@ -37,8 +37,8 @@ class Grid {
   int Cols() const { return cols_; }
   int FixedCols() const { return fixed_cols_; }
 
-  /// Adds empty rows at the end or drops the last ones. Throws GridError below 0 and above
-  /// kLastGridRow.
+  /// Adds empty rows at the end or drops the last ones. Throws GridError for a negative count and
+  /// for one that goes past row kLastGridRow.
   void SetRows(int rows);
   /// Appends one empty row.
   void AddItem() { SetRows(Rows() + 1); }

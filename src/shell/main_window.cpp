@@ -1,7 +1,9 @@
 #include "shell/main_window.h"
 
 #include <algorithm>
+#include <stdexcept>
 
+#include "platform/text/number_text.h"
 #include "platform/text/strings.h"
 #include "shell/app_state.h"
 #include "shell/database_gateway.h"
@@ -14,38 +16,42 @@ namespace tela {
 
 namespace {
 
-std::string trimmed_field(const Recordset& rs, int position) {
+std::string setting_text(const Recordset& rs, int position) {
   return std::string(trimmed(field_text(rs.field(position))));
 }
 
-std::int16_t small_field(const Recordset& rs, int position) {
-  return static_cast<std::int16_t>(field_number(rs.field(position)));
+std::int16_t setting_number(const Recordset& rs, int position) {
+  const auto number = whole_number<std::int16_t>(field_number(rs.field(position)));
+  if (!number)
+    throw std::runtime_error("The printer setting " + rs.field_info(position).name + ", " +
+                             field_text(rs.field(position)) + ", is no small whole number.");
+  return *number;
 }
 
 void load_bill_lines(AppState& app) {
   Recordset words;
   words.open("select tword1,tword2,tword3 from tword", *app.Con);
-  app.BillLine1 = trimmed_field(words, 0);
-  app.BillLine2 = trimmed_field(words, 1);
-  app.BillLine3 = trimmed_field(words, 2);
+  app.BillLine1 = setting_text(words, 0);
+  app.BillLine2 = setting_text(words, 1);
+  app.BillLine3 = setting_text(words, 2);
   words.close();
 }
 
 void load_report_path(AppState& app) {
   const Recordset& rs = OpenRs(app, "Select CrReportPath from CrPath");
-  app.CrReportPath = trimmed_field(rs, 0);
+  app.CrReportPath = setting_text(rs, 0);
   CloseRs(app);
 }
 
 void load_printer_settings(AppState& app) {
   const Recordset& rs = OpenRs(
       app, "Select PrintNo,PrinterType,PortNo,PrinterName,PrintTop,PrintEnd from PrinterSet");
-  app.PrintNo = small_field(rs, 0);
-  app.PrinterType = trimmed_field(rs, 1);
-  app.PortNo = trimmed_field(rs, 2);
-  app.PrinterName = trimmed_field(rs, 3);
-  app.PrintTop = small_field(rs, 4);
-  app.PrintEnd = small_field(rs, 5);
+  app.PrintNo = setting_number(rs, 0);
+  app.PrinterType = setting_text(rs, 1);
+  app.PortNo = setting_text(rs, 2);
+  app.PrinterName = setting_text(rs, 3);
+  app.PrintTop = setting_number(rs, 4);
+  app.PrintEnd = setting_number(rs, 5);
   CloseRs(app);
 }
 
@@ -80,7 +86,7 @@ void MainWindow::switch_off(std::string_view menu) {
 void MainWindow::open_screen(std::string_view screen) {
   if (!app().windows.knows(screen)) return;
   run_event(app(), [&] { app().windows.open(app(), screen); });
-  app().windows.bury_closed();
+  app().windows.destroy_closed();
 }
 
 void MainWindow::click_menu(std::string_view entry) {

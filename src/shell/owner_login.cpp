@@ -74,7 +74,7 @@ void OwnerLogin::enter_at_full_level() {
     form().set_text("Text2", std::string(kFullLevel));
     StartMainWindow();
   });
-  app().windows.bury_closed();
+  app().windows.destroy_closed();
 }
 
 void OwnerLogin::StartMainWindow() {

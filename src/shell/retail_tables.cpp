@@ -1,6 +1,7 @@
 #include "shell/retail_tables.h"
 
 #include "platform/text/strings.h"
+#include "shell/sql_value.h"
 
 namespace tela {
 
@@ -12,10 +13,15 @@ std::vector<std::string> counter_entries(int counters) {
   return entries;
 }
 
-std::optional<std::string> counter_number(std::string_view entry) {
+std::optional<std::string> take_counter(Form& form) {
+  const std::string& entry = form.text("Combo1");
   if (entry == kAllCounter) return std::nullopt;
   const auto letters = characters(entry);
-  return letters.empty() ? std::string() : letters.back();
+  const std::string number = letters.empty() ? std::string() : letters.back();
+  if (form.has("tCounter")) form.set_text("tCounter", number);
+  if (number.empty() || number.find_first_not_of("0123456789") != std::string::npos)
+    throw ValueError("\"" + entry + "\" is no counter: it does not end in a digit.");
+  return number;
 }
 
 }  // namespace tela

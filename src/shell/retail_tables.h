@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "shell/form.h"
+
 namespace tela {
 
 /// The entry that stands for all till counters.
@@ -16,8 +18,10 @@ inline constexpr std::string_view kAllCounter = "ALL COUNTER";
 /// table of counters; how many a screen offers is fixed with the screen.
 std::vector<std::string> counter_entries(int counters);
 
-/// The counter's number as it goes into a statement: the entry's last character. Nothing for
-/// exactly "ALL COUNTER", which puts no condition on the counter.
-std::optional<std::string> counter_number(std::string_view entry);
+/// Takes the counter that `Combo1` shows: its number, the last character of the entry, goes into
+/// `tCounter` if the form has one, and comes back as it stands in a statement. Nothing for exactly
+/// "ALL COUNTER", which puts no condition on the counter. Throws ValueError if the last character
+/// is no digit.
+std::optional<std::string> take_counter(Form& form);
 
 }  // namespace tela

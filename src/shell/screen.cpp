@@ -45,10 +45,6 @@ void Screen::key_walk(const std::vector<std::string>& controls) {
     on_key(controls[i], Key::enter, [this, next = form_.at(controls[i + 1]).name] { focus(next); });
 }
 
-void Screen::focus(std::string_view control) {
-  app_.display.focus(*this, form_.at(control).name);
-}
-
 void Screen::raise(const Control& control, Event event) {
   const auto found = handlers_.find({control.name, event});
   if (found != handlers_.end()) found->second();
@@ -56,7 +52,7 @@ void Screen::raise(const Control& control, Event event) {
 
 void Screen::run(const std::function<void()>& event) {
   run_event(app_, event);
-  app_.windows.bury_closed();
+  app_.windows.destroy_closed();
 }
 
 Control& Screen::usable(std::string_view control) {

@@ -2,6 +2,7 @@
 // test drive it through the same calls; it decides everything, and the window mirrors it.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
@@ -11,6 +12,8 @@
 #include <vector>
 
 #include "shell/form.h"
+#include "shell/period.h"
+#include "shell/refusal.h"
 
 namespace tela {
 
@@ -39,8 +42,9 @@ class Screen {
   const Form& form() const { return form_; }
   Form& form() { return form_; }
 
-  /// Runs when the window is created, before it is shown. A failure in it closes the screen.
-  virtual void load() {}
+  /// Runs when the window is created, before it is shown: today in the pickers, and the screen's
+  /// `fill_lists`. A failure in it closes the screen.
+  virtual void load();
 
   // What the user does. Each runs one event to its end; a failure inside the event is told to the
   // user and goes no further. All throw UserActionError for what cannot be done.
@@ -75,10 +79,40 @@ class Screen {
   /// Enter in each control moves the focus to the next one.
   void key_walk(const std::vector<std::string>& controls);
 
+  /// The button closes the screen and shows it as new, or closes it.
+  void refresh_on(std::string_view button);
+  void close_on(std::string_view button);
+  /// A double click on a row with a number above 0 in `column` hands the number over in
+  /// `app().*number` and opens `target`. A number that the hand-over value cannot hold leaves it as
+  /// it was, and the user is told. Throws std::logic_error too if there is no screen `target`.
+  void drill_down_on(std::string_view grid, int column, std::int32_t AppState::*number,
+                     const std::string& target);
+
   void set_caption(std::string caption) { caption_ = std::move(caption); }
+
+  // What the handlers do. They throw std::logic_error for a control that is not declared.
+
+  /// Fills the screen's lists at load.
+  virtual void fill_lists() {}
+  /// Adds the first field of every row of a query to a combo, as read.
+  void fill_combo(std::string_view combo, std::string_view sql);
 
   /// Moves the focus to a control.
   void focus(std::string_view control);
+  void tell(const std::string& text, Icon icon);
+  /// Asks a question with OK and Cancel; true for OK.
+  bool ask(const std::string& question);
+  /// If the refusal applies, says so, moves the focus and returns true.
+  bool refused(const Refusal& refusal);
+
+  /// A picker's day under the mask of statements.
+  std::string picked_day(std::string_view picker) const;
+  /// The period of two pickers, which also goes into `FromDate` and `ToDate`.
+  Period take_period(std::string_view first = "DTP1", std::string_view second = "DTP2");
+  /// The same of one picker, for both ends.
+  Period take_day(std::string_view picker);
+  /// The text of the filter box `Combo1`, without the blanks around it.
+  std::string filter() const;
 
  private:
   enum class Event { press, enter, up, change, pick, leave, double_click };
@@ -109,6 +143,12 @@ struct ScreenEntry {
 template <class T>
 std::unique_ptr<Screen> make_screen(AppState& app) {
   return std::make_unique<T>(app);
+}
+
+/// The factory of a screen that is one value of its family.
+template <class Family, auto definition>
+std::unique_ptr<Screen> make_sister(AppState& app) {
+  return std::make_unique<Family>(app, definition());
 }
 
 }  // namespace tela

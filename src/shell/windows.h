@@ -55,7 +55,7 @@ class Windows {
   void close_preview(AppState& app);
 
   /// Destroys the screens that were closed during the event that has just ended.
-  void bury_closed() { closed_.clear(); }
+  void destroy_closed() { closed_.clear(); }
 
  private:
   std::span<const ScreenEntry> registry_;

@@ -25,6 +25,7 @@ class SilentDisplay : public Display {
   }
   void focus(const Screen&, const std::string&) override {}
   void pointer(Pointer) override {}
+  void hint(const std::string&) override {}
   void opened(Screen&) override {}
   void front(Screen&) override {}
   void closed(Screen&) override {}

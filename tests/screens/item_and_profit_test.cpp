@@ -7,9 +7,8 @@
 #include "screens/profit/frmBillWiseProfit.h"
 #include "screens/profit/frmCatagoryProfit.h"
 #include "screens/profit/frmMonthlyProfit.h"
-#include "screens/sales_analysis/FrmCatagorysale.h"
+#include "screens/sales_analysis/filtered_sales.h"
 #include "screens/sales_analysis/frmItemSalesReport.h"
-#include "screens/sales_analysis/frmSupplierSales.h"
 #include "support/shop.h"
 
 namespace tela::testing {
@@ -184,25 +183,25 @@ TEST_F(ItemLists, ReportsDifferByTheRoundingOfTheirRows) {
 // The statements are exact: joined from the screens' pieces, they read as the server has always
 // been sent them.
 TEST(ItemStatements, ReadWordForWord) {
-  EXPECT_EQ(frmItemSalesReport::sql({"01/Jan/2024", "31/Jan/2024", "3"}),
+  EXPECT_EQ(frmItemSalesReport::sql({{"01/Jan/2024", "31/Jan/2024"}, "3"}),
             "select icode'CODE',iname'ITEM NAME',STR(mrp,8,2)'M.R.P',STR(salerate,8,2)'SALE RATE',"
             "str(sum(qty),8,3)'QTY',str(sum(qty) * salerate,8,2)'AMOUNT' from sales where "
             "billdate>='01/Jan/2024' and billdate<='31/Jan/2024' and counter=3 group by "
             "icode,iname,mrp,salerate order by iname");
-  const FilteredSales::Inputs rising{"a", "b", "x'y", FilteredSales::Order::quantity_rising};
-  EXPECT_EQ(FilteredSales::sql(FrmCatagorysale::definition(), rising),
+  const FilteredSales::Inputs rising{{"a", "b"}, "x'y", FilteredSales::Order::quantity_rising};
+  EXPECT_EQ(FilteredSales::sql(FrmCatagorysale(), rising),
             "select S.icode,S.iname,S.mrp,S.salerate,sum(S.qty),sum(S.qty) * S.salerate,I.CATAGORY "
             "from sales S Join ITEMS I on S.iCode=I.iCode where S.billdate>='a' and "
             "S.billdate<='b' and I.catagory='x''y' group by "
             "S.icode,S.iname,S.mrp,S.salerate,I.CATAGORY order by sum(Qty) asc");
-  EXPECT_EQ(frmMonthlyProfit::sql({"a", "b", ProfitOrder::key}),
+  EXPECT_EQ(frmMonthlyProfit::sql({{"a", "b"}, ProfitOrder::key}),
             "Insert into #TableProfit select icode,iname,mrp,salerate,purrate,qty,qty * salerate "
             "as TotalSales,qty * purrate as TotalPurchase,(qty * salerate )- (qty * purrate) as "
             "Profit,(Case when Qty<0 and PurRate>0 Then ((qty * salerate)-(qty * "
             "purrate))*100.0/(qty * purrate)*-1 when Qty<0 and PurRate=0 then -100 when Qty>0 and "
             "purrate=0 then 100 else ((qty * salerate)-(qty * purrate))*100.0/(qty * purrate) end) "
             "As ProfitPercent from sales where BillDate>='a' AND BillDate<='b'");
-  EXPECT_THAT(frmCatagoryProfit::sql({"a", "b", "c"}),
+  EXPECT_THAT(frmCatagoryProfit::sql({{"a", "b"}, "c"}),
               HasSubstr("else ((S.qty * S.salerate)-(S.qty * S.purrate))*100.0/(S.qty * S.purrate) "
                         "end) As ProfitPercent from sales S Join Items I on S.icode=I.icode where "
                         "BillDate>='a' AND BillDate<='b' and I.Catagory='c'"));

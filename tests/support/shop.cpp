@@ -13,7 +13,7 @@
 #include "platform/text/number_text.h"
 #include "report_framework/sheet_layouts.h"
 #include "screens/registry.h"
-#include "shell/database_gateway.h"
+#include "shell/sql_value.h"
 
 namespace tela::testing {
 

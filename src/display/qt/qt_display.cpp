@@ -3,7 +3,9 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QMdiArea>
+
 #include <QMessageBox>
+#include <QStatusBar>
 
 #include "display/qt/child_frame.h"
 #include "display/qt/login_window.h"
@@ -106,6 +108,11 @@ void QtDisplay::pointer(Pointer shape) {
     QApplication::restoreOverrideCursor();
 }
 
+void QtDisplay::hint(const std::string& words) {
+  constexpr int kShownFor = 15000;  // milliseconds
+  if (main_) main_->statusBar()->showMessage(text(words), kShownFor);
+}
+
 void QtDisplay::opened(Screen& screen) {
   if (auto* main = dynamic_cast<MainWindow*>(&screen)) return open_main(*main);
   open_child(screen);
@@ -174,7 +181,7 @@ void QtDisplay::closed(Screen& screen) {
 
 void QtDisplay::close_child(const std::string& screen) {
   events_.run([&] { app_->windows.close(*app_, screen); });
-  app_->windows.bury_closed();
+  app_->windows.destroy_closed();
 }
 
 void QtDisplay::activated(QMdiSubWindow* window) {

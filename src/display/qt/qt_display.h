@@ -44,6 +44,7 @@ class QtDisplay : public Display {
   Answer message(const Message& message) override;
   void focus(const Screen& screen, const std::string& control) override;
   void pointer(Pointer shape) override;
+  void hint(const std::string& words) override;
   void opened(Screen& screen) override;
   void front(Screen& screen) override;
   void closed(Screen& screen) override;

@@ -200,7 +200,7 @@ void ScriptRunner::close(std::string_view) {
   Screen* screen = app_.windows.current();
   if (!screen) throw UserActionError("No screen is open.");
   app_.windows.close(app_, screen->name());
-  app_.windows.bury_closed();
+  app_.windows.destroy_closed();
 }
 
 void ScriptRunner::show(std::string_view) {

@@ -32,6 +32,7 @@ class ScriptedDisplay : public Display {
   Answer message(const Message& message) override;
   void focus(const Screen& screen, const std::string& control) override;
   void pointer(Pointer shape) override;
+  void hint(const std::string&) override {}
   void opened(Screen& screen) override;
   void front(Screen& screen) override;
   void closed(Screen& screen) override;

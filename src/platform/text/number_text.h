@@ -5,7 +5,10 @@
 // is then exactly 1.005 and rounds to 1.01, although the double lies a little below it.
 #pragma once
 
+#include <cmath>
 #include <cstdint>
+#include <limits>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -24,6 +27,16 @@ bool is_numeric(std::string_view text);
 /// and below 0.0001 in exponent form.
 std::string plain_number(double value);
 std::string plain_number(std::int64_t value);
+
+/// `value` as a whole number of the type, a half going to the even neighbour; nullopt if it is
+/// beyond the type's limits.
+template <class Whole>
+std::optional<Whole> whole_number(double value) {
+  const double nearest = std::nearbyint(value);
+  const bool fits = nearest >= static_cast<double>(std::numeric_limits<Whole>::min()) &&
+                    nearest <= static_cast<double>(std::numeric_limits<Whole>::max());
+  return fits ? std::optional<Whole>(static_cast<Whole>(nearest)) : std::nullopt;
+}
 
 /// `value` rounded to `places` decimals, half away from zero. Negative places round to tens and
 /// more.

@@ -3,9 +3,11 @@
 #include "platform/text/number_text.h"
 #include "platform/text/strings.h"
 #include "report_framework/bill_reprint.h"
+#include "report_framework/row_boxes.h"
 #include "shell/app_state.h"
 #include "shell/database_gateway.h"
 #include "shell/failure.h"
+#include "shell/sql_value.h"
 
 namespace tela {
 
@@ -13,15 +15,9 @@ namespace {
 
 const std::string kMoney = "########0.00";
 
-// The boxes that show a field of the header, in the order in which the screen reads them.
-struct HeaderBox {
-  std::string name;
-  std::string label;
-  CellSource source;
-};
-
-const std::vector<HeaderBox>& header_boxes() {
-  static const std::vector<HeaderBox> kBoxes = {
+// In the order in which the screen reads them.
+const std::vector<RowBox>& header_boxes() {
+  static const std::vector<RowBox> kBoxes = {
       {"tBillNo", "BILL No.", trimmed_field(0)},
       {"tDate", "BILL DATE", date_field(1, "DD/MM/YYYY")},
       {"tTime", "TIME", time_field(2, "HH:MM:SS AM/PM")},
@@ -60,33 +56,30 @@ GridColumns grid_columns() {
   };
 }
 
-std::vector<Control> controls() {
+std::vector<Control> header_controls() {
   std::vector<Control> all;
-  all.push_back(text_box("tSearch", "SEARCH").numeric());
-  all.push_back(button("cmdView", "&View"));
-  all.push_back(button("cmdNext", "&NEXT BILL"));
-  all.push_back(button("CmdPrevious", "PREVIOUS "));
-  all.push_back(button("cmdprint", "&Print"));
-  all.push_back(button("cmdRefresh", "&REFRESH"));
-  all.push_back(button("cmdClose", "E&XIT"));
-  all.push_back(grid("MSHF", 7, 1));
-  for (const HeaderBox& box : header_boxes()) all.push_back(text_box(box.name, box.label));
-  all.push_back(text_box("tTotalPaid", "TOTAL PAID "));
-  all.push_back(text_box("tTotalQty", "TOTAL QTY"));
-  all.push_back(text_box("tMrpTotal", "MRP TOTAL"));
-  all.push_back(text_box("tSaved", "SAVED"));
-  for (Control& control : all) {
-    if (control.name != "tBillNo") continue;
-    control.numeric_only = true;
-    control.select_on_focus = true;
-  }
+  for (const RowBox& box : header_boxes()) all.push_back(text_box(box.name, box.label));
+  all.front().numeric_only = true;  // the bill number
+  all.front().select_on_focus = true;
+  return all;
+}
+
+std::vector<Control> controls() {
+  std::vector<Control> all =
+      tab_order(text_box("tSearch", "SEARCH").numeric(), button("cmdView", "&View"),
+                button("cmdNext", "&NEXT BILL"), button("CmdPrevious", "PREVIOUS "),
+                button("cmdprint", "&Print"), button("cmdRefresh", "&REFRESH"),
+                button("cmdClose", "E&XIT"), grid("MSHF", 7, 1));
+  append(all, header_controls());
+  append(all, tab_order(text_box("tTotalPaid", "TOTAL PAID "), text_box("tTotalQty", "TOTAL QTY"),
+                        text_box("tMrpTotal", "MRP TOTAL"), text_box("tSaved", "SAVED")));
   return all;
 }
 
 }  // namespace
 
 FrmBillView::FrmBillView(AppState& app)
-    : GridReport(app, "FrmBillView", "SPECIAL BILL VIEW", controls(), grid_columns(), {}) {
+    : Screen(app, "FrmBillView", "SPECIAL BILL VIEW", controls()), grid_(form(), grid_columns()) {
   on_key("tBillNo", Key::enter, [this] { focus("cmdView"); });
   on_press("cmdView", [this] { view(); });
   on_press("cmdNext", [this] { step(1); });
@@ -98,18 +91,18 @@ FrmBillView::FrmBillView(AppState& app)
 
 std::string FrmBillView::lines_sql(const std::string& bill) {
   return "Select icode,iname,mrp,saleRate,sum(qty),sum(qty) * saleRate from sales where billno =" +
-         bill + " group by icode,iname,mrp,saleRate order by iname";
+         sql_number(bill) + " group by icode,iname,mrp,saleRate order by iname";
 }
 
 std::string FrmBillView::header_sql(const std::string& bill) {
   return "Select billno,billdate,BillTime,Counter,Staff,CustCode,CustName,OpPoints,BillPoints,"
          "ClPoints,DiscAmount,Total,CashPaid,CardPaid,MealsPaid,MobilePay,PointsUsed,cashret,"
          "uhsaved,BillType from salesTemp where billno=" +
-         bill;
+         sql_number(bill);
 }
 
 void FrmBillView::load() {
-  GridReport::load();
+  Screen::load();
   const std::string bill = std::to_string(app().SaleBillNo);
   form().set_text("tSearch", bill);
   form().set_text("tBillNo", bill);
@@ -117,7 +110,7 @@ void FrmBillView::load() {
 }
 
 void FrmBillView::view() {
-  if (refuse_blank("tSearch", "Please Enter The Bill No", Icon::critical)) return;
+  if (refused(blank("tSearch", "Please Enter The Bill No"))) return;
   guarded([this] { read_bill(); },
           [this](const std::runtime_error&) {
             tell("No Bill No Found", Icon::critical);
@@ -127,33 +120,28 @@ void FrmBillView::view() {
 
 void FrmBillView::read_bill() {
   const std::string bill = form().text("tSearch");
-  empty_grid(grid());
-  OpenRs(app(), lines_sql(bill));
-  FillGrid();
-  CloseRs(app());
+  grid_.show(app(), lines_sql(bill));
   OpenRs(app(), header_sql(bill));
-  fill_boxes();
+  show_header();
   CloseRs(app());
-  RowHeading();
   total_lines();
 }
 
 // A bill number that does not exist is no failure: its boxes are blank. A gap in the numbers is
 // walked over that way.
-void FrmBillView::fill_boxes() {
+void FrmBillView::show_header() {
   if (app().Rs->eof()) return ClearAll();
-  for (const HeaderBox& box : header_boxes())
-    form().set_text(box.name, cell_text(app().Rs->field(box.source.field), box.source));
+  fill_boxes(form(), header_boxes(), *app().Rs);
 }
 
 void FrmBillView::total_lines() {
   const std::string mask = "##########0.00";
   std::string quantity = "0";
   std::string mrp_total = "0";
-  for (int row = 1; row < grid().Rows(); ++row) {
-    const double sold = Val(grid().TextMatrix(row, 5));
+  for (int row = 1; row < grid_.cells().Rows(); ++row) {
+    const double sold = grid_.number(row, 5);
     quantity = format_number(Val(quantity) + sold, mask);
-    mrp_total = format_number(Val(mrp_total) + Val(grid().TextMatrix(row, 3)) * sold, mask);
+    mrp_total = format_number(Val(mrp_total) + grid_.number(row, 3) * sold, mask);
   }
   form().set_text("tTotalQty", quantity);
   form().set_text("tMrpTotal", mrp_total);
@@ -176,7 +164,7 @@ void FrmBillView::print() {
 }
 
 void FrmBillView::ClearAll() {
-  for (const HeaderBox& box : header_boxes())
+  for (const RowBox& box : header_boxes())
     if (box.name != "tBillNo") form().set_text(box.name, "");
 }
 

@@ -4,29 +4,32 @@
 
 #include <string>
 
-#include "report_framework/grid_report.h"
+#include "report_framework/report_grid.h"
+#include "shell/screen.h"
 
 namespace tela {
 
-class FrmBillView : public GridReport {
+class FrmBillView : public Screen {
  public:
   explicit FrmBillView(AppState& app);
 
   /// Reads the bill that `SaleBillNo` names.
   void load() override;
 
-  /// `bill` is the text of the search box, which goes into the statement as it stands.
+  /// `bill` is the text of the search box. Throw ValueError if it is no number.
   static std::string lines_sql(const std::string& bill);
   static std::string header_sql(const std::string& bill);
 
  private:
   void view();
   void read_bill();
-  void fill_boxes();
+  void show_header();
   void total_lines();
   void step(int by);
   void print();
   void ClearAll();
+
+  ReportGrid grid_;
 };
 
 }  // namespace tela

@@ -5,18 +5,9 @@
 
 namespace tela {
 
-namespace {
-
-std::vector<Control> controls() {
-  std::vector<Control> all;
-  all.push_back(list_box("List1"));
-  all.push_back(button("Command1", "Command1"));
-  return all;
-}
-
-}  // namespace
-
-frmList::frmList(AppState& app) : Screen(app, "frmList", "frmList", controls()) {
+frmList::frmList(AppState& app)
+    : Screen(app, "frmList", "frmList",
+             tab_order(list_box("List1"), button("Command1", "Command1"))) {
   on_press("Command1", [this] { list_bills(); });
 }
 

@@ -3,29 +3,19 @@
 #include "shell/app_state.h"
 #include "shell/database_gateway.h"
 #include "shell/display.h"
-#include "shell/windows.h"
 
 namespace tela {
 
-namespace {
-
-std::vector<Control> controls() {
-  std::vector<Control> all;
-  all.push_back(button("CmdTable", "CREATE &TABLE"));
-  all.push_back(button("Command1", "Command1"));
-  all.push_back(button("cmdClose", "&CLOSE"));
-  return all;
-}
-
-}  // namespace
-
-frmCreatT::frmCreatT(AppState& app) : Screen(app, "frmCreatT", "frmCreatT", controls()) {
+frmCreatT::frmCreatT(AppState& app)
+    : Screen(app, "frmCreatT", "frmCreatT",
+             tab_order(button("CmdTable", "CREATE &TABLE"), button("Command1", "Command1"),
+                       button("cmdClose", "&CLOSE"))) {
   on_press("CmdTable", [this] {
     Transaction empty(*this->app().Con);
     empty.commit();
     this->app().display.message({"TABLE CREATED - OK", Icon::information, Buttons::ok, ""});
   });
-  on_press("cmdClose", [this] { this->app().windows.close(this->app(), name()); });
+  close_on("cmdClose");
 }
 
 }  // namespace tela

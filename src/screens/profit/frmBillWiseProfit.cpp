@@ -2,6 +2,7 @@
 
 #include "shell/app_state.h"
 #include "shell/database_gateway.h"
+#include "shell/sql_value.h"
 
 namespace tela {
 
@@ -25,11 +26,10 @@ GridColumns columns() {
 
 // A bill in the columns of an item: its number stands as the code, and its day, time, counter and
 // staff as the name. It has no rates and no quantity of its own, so those stay empty.
-std::string staging_row(const Grid& grid, int row) {
-  const auto cell = [&](int col) { return quoted_cell(grid, row, col); };
-  const std::string bill = cell(2) + "  " + cell(3) + "  C" + cell(4) + "  " + cell(5);
-  return bare_cells(grid, row, 0, 1) + ",'" + bill + "',null,null,null,null," +
-         bare_cells(grid, row, 6, 8);
+std::vector<std::string> staged(const GridRow& row) {
+  const std::string bill =
+      row.cell(2) + "  " + row.cell(3) + "  C" + row.cell(4) + "  " + row.cell(5);
+  return {row.numbers(0, 1), sql_text(bill), "null", "null", "null", "null", row.numbers(6, 8)};
 }
 
 ProfitDefinition definition() {
@@ -39,21 +39,22 @@ ProfitDefinition definition() {
   made.columns = columns();
   made.percent_column = 9;
   made.list_sql = frmBillWiseProfit::list_sql;
-  made.staging_row = staging_row;
+  made.staged = staged;
   return made;
 }
 
 }  // namespace
 
 frmBillWiseProfit::frmBillWiseProfit(AppState& app) : ProfitReport(app, definition()) {
-  drill_down_on("MSHF", 1, "frmProfitView");
+  drill_down_on("MSHF", 1, &AppState::SaleBillNo, "frmProfitView");
 }
 
 std::string frmBillWiseProfit::sql(const Inputs& inputs) {
   return "Insert Into BillWiseProfit Select BillNo,BillDate,icode,(Qty * SaleRate) as SaleRate,"
          "Qty * PurRate as purRate,(Qty * SaleRate)-(Qty * PurRate) as Profit," +
          percent_case("", inputs.order == ProfitOrder::percent_rising ? "100.0" : "100") +
-         " from Sales  where BillDate>='" + inputs.from + "' and billdate<='" + inputs.to + "'";
+         " from Sales  where BillDate>=" + sql_text(inputs.period.from) +
+         " and billdate<=" + sql_text(inputs.period.to);
 }
 
 std::string frmBillWiseProfit::list_sql(ProfitOrder order) {
@@ -74,12 +75,13 @@ std::string frmBillWiseProfit::list_sql(ProfitOrder order) {
   return {};
 }
 
-void frmBillWiseProfit::with_staged_lines(ProfitOrder order, const std::function<void()>& list) {
+void frmBillWiseProfit::with_staged_lines(const Period& period, ProfitOrder order,
+                                          const std::function<void()>& list) {
   Transaction clearing(*app().Con);
   app().Con->execute("Delete from BillWiseProfit");
   clearing.commit();
   Transaction filling(*app().Con);
-  execute_profit(app(), sql({app().FromDate, app().ToDate, order}));
+  execute_profit(app(), sql({period, order}));
   filling.commit();
   list();
 }

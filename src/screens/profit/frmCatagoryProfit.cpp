@@ -1,24 +1,13 @@
 #include "screens/profit/frmCatagoryProfit.h"
 
 #include "screens/profit/item_profit.h"
-#include "shell/app_state.h"
-#include "shell/database_gateway.h"
+#include "shell/sql_value.h"
 
 namespace tela {
 
-namespace {
-
-std::vector<Control> category_combo() {
-  std::vector<Control> filters;
-  filters.push_back(combo("Combo1", "CATAGORY"));
-  return filters;
-}
-
-}  // namespace
-
 frmCatagoryProfit::frmCatagoryProfit(AppState& app)
     : ProfitReport(app, item_profit::definition("frmCatagoryProfit", "CATAGORY WISE PROFIT",
-                                                category_combo())) {
+                                                tab_order(combo("Combo1", "CATAGORY")))) {
   key_walk({"Combo1", "DTP1"});
 }
 
@@ -30,7 +19,7 @@ void frmCatagoryProfit::fill_lists() {
 // The two orders by percentage run with an empty category too, and then list nothing.
 bool frmCatagoryProfit::may_list(ProfitOrder order) {
   return order != ProfitOrder::key ||
-         !refuse_blank("Combo1", "Please Select The Catagory", Icon::information);
+         !refused(blank("Combo1", "Please Select The Catagory", Icon::information));
 }
 
 std::string frmCatagoryProfit::sql(const Inputs& inputs) {
@@ -38,12 +27,14 @@ std::string frmCatagoryProfit::sql(const Inputs& inputs) {
          "S.qty * S.salerate as TotalSales,S.qty * S.purrate as TotalPurchase,"
          "(S.qty * S.salerate )- (S.qty * S.purrate) as Profit," +
          percent_case("S.", "100.0") +
-         " from sales S Join Items I on S.icode=I.icode where BillDate>='" + inputs.from +
-         "' AND BillDate<='" + inputs.to + "' and I.Catagory='" + sql_quoted(inputs.category) + "'";
+         " from sales S Join Items I on S.icode=I.icode where BillDate>=" +
+         sql_text(inputs.period.from) + " AND BillDate<=" + sql_text(inputs.period.to) +
+         " and I.Catagory=" + sql_text(inputs.category);
 }
 
-void frmCatagoryProfit::with_staged_lines(ProfitOrder, const std::function<void()>& list) {
-  item_profit::with_table(app(), sql({app().FromDate, app().ToDate, filter()}), list);
+void frmCatagoryProfit::with_staged_lines(const Period& period, ProfitOrder,
+                                          const std::function<void()>& list) {
+  item_profit::with_table(app(), sql({period, filter()}), list);
 }
 
 }  // namespace tela

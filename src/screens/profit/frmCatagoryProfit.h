@@ -12,8 +12,7 @@ class frmCatagoryProfit : public ProfitReport {
   explicit frmCatagoryProfit(AppState& app);
 
   struct Inputs {
-    std::string from;  ///< under "dd/mmm/yyyy"
-    std::string to;    ///< likewise
+    Period period;
     std::string category;
   };
   /// The insert of the period's lines into `#TableProfit`, the same for all three orders.
@@ -22,7 +21,8 @@ class frmCatagoryProfit : public ProfitReport {
  private:
   void fill_lists() override;
   bool may_list(ProfitOrder order) override;
-  void with_staged_lines(ProfitOrder order, const std::function<void()>& list) override;
+  void with_staged_lines(const Period& period, ProfitOrder order,
+                         const std::function<void()>& list) override;
 };
 
 }  // namespace tela

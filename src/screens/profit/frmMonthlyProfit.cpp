@@ -1,7 +1,7 @@
 #include "screens/profit/frmMonthlyProfit.h"
 
 #include "screens/profit/item_profit.h"
-#include "shell/app_state.h"
+#include "shell/sql_value.h"
 
 namespace tela {
 
@@ -17,11 +17,13 @@ std::string frmMonthlyProfit::sql(const Inputs& inputs) {
          "qty * salerate as TotalSales,qty * purrate as TotalPurchase,"
          "(qty * salerate )- (qty * purrate) as Profit," +
          percent_case("", inputs.order == ProfitOrder::key ? "100.0" : "100") +
-         " from sales where BillDate>='" + inputs.from + "' AND BillDate<='" + inputs.to + "'";
+         " from sales where BillDate>=" + sql_text(inputs.period.from) +
+         " AND BillDate<=" + sql_text(inputs.period.to);
 }
 
-void frmMonthlyProfit::with_staged_lines(ProfitOrder order, const std::function<void()>& list) {
-  item_profit::with_table(app(), sql({app().FromDate, app().ToDate, order}), list);
+void frmMonthlyProfit::with_staged_lines(const Period& period, ProfitOrder order,
+                                         const std::function<void()>& list) {
+  item_profit::with_table(app(), sql({period, order}), list);
 }
 
 }  // namespace tela

@@ -13,8 +13,7 @@ class frmMonthlyProfit : public ProfitReport {
   explicit frmMonthlyProfit(AppState& app);
 
   struct Inputs {
-    std::string from;  ///< under "dd/mmm/yyyy"
-    std::string to;    ///< likewise
+    Period period;
     ProfitOrder order = ProfitOrder::key;
   };
   /// The insert of the period's lines into `#TableProfit`.
@@ -22,7 +21,8 @@ class frmMonthlyProfit : public ProfitReport {
 
  private:
   void fill_lists() override;
-  void with_staged_lines(ProfitOrder order, const std::function<void()>& list) override;
+  void with_staged_lines(const Period& period, ProfitOrder order,
+                         const std::function<void()>& list) override;
 };
 
 }  // namespace tela

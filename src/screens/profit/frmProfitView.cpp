@@ -1,5 +1,6 @@
 #include "screens/profit/frmProfitView.h"
 
+#include "report_framework/row_boxes.h"
 #include "screens/profit/profit_report.h"
 #include "shell/app_state.h"
 #include "shell/database_gateway.h"
@@ -8,34 +9,24 @@ namespace tela {
 
 namespace {
 
-struct HeaderBox {
-  std::string name;
-  CellSource source;
-};
-
-const std::vector<HeaderBox>& header_boxes() {
-  static const std::vector<HeaderBox> kBoxes = {
-      {"tBillNo", field(0)},
-      {"tDate", date_field(1, "dd/mm/yyyy")},
-      {"tTime", time_field(2, "HH:MM:SS AM/PM")},
-      {"tUser", trimmed_field(3)},
-      {"tCounterNo", field(4)},
-      {"tTotal", number_field(5, "#########0.00")},
+const std::vector<RowBox>& header_boxes() {
+  static const std::vector<RowBox> kBoxes = {
+      {"tBillNo", "BILL No.", field(0)},
+      {"tDate", "BILL DATE", date_field(1, "dd/mm/yyyy")},
+      {"tTime", "TIME", time_field(2, "HH:MM:SS AM/PM")},
+      {"tUser", "USER", trimmed_field(3)},
+      {"tCounterNo", "COUNTER", field(4)},
+      {"tTotal", "TOTAL", number_field(5, "#########0.00")},
   };
   return kBoxes;
 }
 
 std::vector<Control> controls() {
   std::vector<Control> all;
-  all.push_back(text_box("tBillNo", "BILL No."));
-  all.push_back(text_box("tDate", "BILL DATE"));
-  all.push_back(text_box("tTime", "TIME"));
-  all.push_back(text_box("tUser", "USER"));
-  all.push_back(text_box("tCounterNo", "COUNTER"));
-  all.push_back(grid("MSHF", 8));
-  all.push_back(total_box("tTotal", "TOTAL"));
-  all.push_back(total_box("tPercent", "PROFIT  %"));
-  all.push_back(total_box("tTotalRows", "ROWS"));
+  for (const RowBox& box : header_boxes())
+    if (box.name != "tTotal") all.push_back(text_box(box.name, box.label));
+  append(all, tab_order(grid("MSHF", 8), total_box("tTotal", "TOTAL"),
+                        total_box("tPercent", "PROFIT  %"), total_box("tTotalRows", "ROWS")));
   return all;
 }
 
@@ -56,7 +47,7 @@ GridColumns grid_columns() {
 }  // namespace
 
 frmProfitView::frmProfitView(AppState& app)
-    : GridReport(app, "frmProfitView", "PROFIT VIEW", controls(), grid_columns(), {}) {}
+    : Screen(app, "frmProfitView", "PROFIT VIEW", controls()), grid_(form(), grid_columns()) {}
 
 std::string frmProfitView::lines_sql(const std::string& bill) {
   return "Select icode,iname,mrp,saleRate,purrate,qty,(Case when (qty * purrate)=0 then 100 WHEN "
@@ -71,20 +62,17 @@ std::string frmProfitView::header_sql(const std::string& bill) {
 }
 
 void frmProfitView::load() {
-  GridReport::load();
+  Screen::load();
   const std::string bill = std::to_string(app().SaleBillNo);
-  OpenRs(app(), lines_sql(bill));
-  FillGrid();
-  CloseRs(app());
+  grid_.show(app(), lines_sql(bill));
   read_header(bill);
-  write_average(app(), form(), grid(), {7, 1, "tPercent", "####0.00", "####0.00"});
+  form().set_text("tPercent", "0");
+  write_average(app(), form(), grid_, {7, 1, "tPercent", "####0.00", "####0.00"});
 }
 
 void frmProfitView::read_header(const std::string& bill) {
   const Recordset& rs = OpenRs(app(), header_sql(bill));
-  if (!rs.eof() && !is_null(rs.field(0)))
-    for (const HeaderBox& box : header_boxes())
-      form().set_text(box.name, cell_text(rs.field(box.source.field), box.source));
+  if (!rs.eof() && !is_null(rs.field(0))) fill_boxes(form(), header_boxes(), rs);
   CloseRs(app());
 }
 

@@ -4,11 +4,12 @@
 
 #include <string>
 
-#include "report_framework/grid_report.h"
+#include "report_framework/report_grid.h"
+#include "shell/screen.h"
 
 namespace tela {
 
-class frmProfitView : public GridReport {
+class frmProfitView : public Screen {
  public:
   explicit frmProfitView(AppState& app);
 
@@ -20,6 +21,8 @@ class frmProfitView : public GridReport {
 
  private:
   void read_header(const std::string& bill);
+
+  ReportGrid grid_;
 };
 
 }  // namespace tela

@@ -28,9 +28,8 @@ GridColumns columns() {
   };
 }
 
-std::string staging_row(const Grid& grid, int row) {
-  return bare_cells(grid, row, 0, 1) + ",'" + quoted_cell(grid, row, 2) + "'," +
-         bare_cells(grid, row, 3, 9);
+std::vector<std::string> staged(const GridRow& row) {
+  return {row.numbers(0, 1), row.text(2), row.numbers(3, 9)};
 }
 
 }  // namespace
@@ -44,7 +43,7 @@ ProfitDefinition definition(std::string screen, std::string caption, std::vector
   made.columns = columns();
   made.percent_column = 10;
   made.list_sql = list_sql;
-  made.staging_row = staging_row;
+  made.staged = staged;
   return made;
 }
 

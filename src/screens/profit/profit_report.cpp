@@ -7,8 +7,8 @@
 #include "report_framework/busy_pointer.h"
 #include "report_framework/report_preview.h"
 #include "shell/app_state.h"
-#include "shell/database_gateway.h"
 #include "shell/failure.h"
+#include "shell/sql_value.h"
 
 namespace tela {
 
@@ -16,32 +16,27 @@ namespace {
 
 std::vector<Control> controls(ProfitDefinition& definition) {
   std::vector<Control> all = std::move(definition.filters);
-  all.push_back(date_picker("DTP1", "FROM"));
-  all.push_back(date_picker("DTP2", "TO"));
-  all.push_back(button("cmdView", "&View"));
-  all.push_back(picture_button("cmdAss", "ascending"));
-  all.push_back(picture_button("CmdDesc", "descending"));
-  all.push_back(button("cmdRefresh", "&Refresh"));
-  all.push_back(button("cmdprint", "Previe&w"));
-  all.push_back(button("cmdClose", "&Close"));
-  all.push_back(grid("MSHF", static_cast<int>(definition.columns.size())));
-  all.push_back(total_box("tTotalSales", "TOTAL SALE RATE"));
-  all.push_back(total_box("tTotalPurchase", "TOTAL PURCHASE RATE"));
-  all.push_back(total_box("tTotalProfit", "TOTAL PROFIT"));
-  for (Control& result : definition.results) all.push_back(std::move(result));
-  all.push_back(total_box("tMargin", "PROFIT  %"));
-  all.push_back(label("tTotalRows").with_text("0"));
+  append(all, tab_order(date_picker("DTP1", "FROM"), date_picker("DTP2", "TO"),
+                        button("cmdView", "&View"), picture_button("cmdAss", "ascending"),
+                        picture_button("CmdDesc", "descending"), button("cmdRefresh", "&Refresh"),
+                        button("cmdprint", "Previe&w"), button("cmdClose", "&Close"),
+                        grid("MSHF", static_cast<int>(definition.columns.size())),
+                        total_box("tTotalSales", "TOTAL SALE RATE"),
+                        total_box("tTotalPurchase", "TOTAL PURCHASE RATE"),
+                        total_box("tTotalProfit", "TOTAL PROFIT")));
+  append(all, std::move(definition.results));
+  append(all, tab_order(total_box("tMargin", "PROFIT  %"), label("tTotalRows").with_text("0")));
   return all;
 }
 
 }  // namespace
 
 ProfitReport::ProfitReport(AppState& app, ProfitDefinition definition)
-    : GridReport(app, definition.screen, definition.caption, controls(definition),
-                 definition.columns, {1, definition.percent_column}),
+    : Screen(app, definition.screen, definition.caption, controls(definition)),
       percent_column_(definition.percent_column),
       list_sql_(std::move(definition.list_sql)),
-      staging_row_(std::move(definition.staging_row)) {
+      staged_(std::move(definition.staged)),
+      grid_(form(), definition.columns, {.bands = RowBands{1, definition.percent_column}}) {
   key_walk({"DTP1", "DTP2"});
   on_key("DTP2", Key::enter, [this] { list(ProfitOrder::key); });
   on_press("cmdView", [this] { list(ProfitOrder::key); });
@@ -54,59 +49,53 @@ ProfitReport::ProfitReport(AppState& app, ProfitDefinition definition)
 
 void ProfitReport::list(ProfitOrder order) {
   if (!may_list(order)) return;
-  app().FromDate = picked_date("DTP1");
-  app().ToDate = picked_date("DTP2", "DD/MMM/YYYY");
-  empty_grid(grid());
+  const Period period = take_period();
+  grid_.clear();
   BusyPointer busy(app().display);
-  with_staged_lines(order, [&] {
-    fill(order);
+  with_staged_lines(period, order, [&] {
+    grid_.show(app(), list_sql_(order));
     busy.end();
     write_totals();
   });
 }
 
-void ProfitReport::fill(ProfitOrder order) {
-  OpenRs(app(), list_sql_(order));
-  FillGrid();
-  CloseRs(app());
-  RowHeading();
-}
-
 void ProfitReport::write_totals() {
-  TotalAll();
   const double profit = Val(form().text("tTotalSales")) - Val(form().text("tTotalPurchase"));
-  form().set_text("tTotalProfit", grid().Rows() > 1 ? format_number(profit, "######0.00") : "0");
-  ChangeCellColour();
-  write_average(app(), form(), grid(),
-                {percent_column_, 0, "tMargin", "#######0.00", "######0.00"});
+  form().set_text("tTotalProfit",
+                  grid_.cells().Rows() > 1 ? format_number(profit, "######0.00") : "0");
+  form().set_text("tMargin", "0");
+  form().set_text("tTotalRows", "0");
+  write_average(app(), form(), grid_, {percent_column_, 0, "tMargin", "#######0.00", "######0.00"});
 }
 
 void ProfitReport::preview() {
-  if (refuse_reversed("DTP1", "DTP2", "The Start Date Is Greater Than The End Date",
-                      Icon::critical))
-    return;
-  take_period();
-  const auto insert = [this](int row) -> std::string {
-    if (Val(grid().TextMatrix(row, 0)) <= 0) return {};
-    return "Insert into MonthlyProfit values('" + app().FromDate + "','" + app().ToDate + "'," +
-           staging_row_(grid(), row) + ")";
+  if (refused(reversed("DTP1", "DTP2", "The Start Date Is Greater Than The End Date"))) return;
+  const Period period = take_period();
+  const auto values = [&](const GridRow& row) {
+    std::vector<std::string> all = {sql_text(period.from), sql_text(period.to)};
+    for (std::string& value : staged_(row)) all.push_back(std::move(value));
+    return all;
   };
-  stage_rows(app(), grid(), {"Delete from MonthlyProfit", insert}, StagingTransactions::one);
+  stage_rows(app(), grid_,
+             {.clear = "Delete from MonthlyProfit",
+              .insert = "Insert into MonthlyProfit values(",
+              .values = values});
   open_preview(app(), "MonthlyProfitPri.rpt", "SELECT * FROM MonthlyProfit");
 }
 
-void write_average(AppState& app, Form& form, const Grid& grid, const ColumnAverage& average) {
+void write_average(AppState& app, Form& form, const ReportGrid& grid,
+                   const ColumnAverage& average) {
   app.ProfitSum = 0;
   int last = 0;
-  for (int row = 1; row < grid.Rows(); ++row) {
-    if (Val(grid.TextMatrix(row, average.numbered)) <= 0) continue;
-    const double cell = Val(grid.TextMatrix(row, average.column));
-    app.ProfitSum = Val(format_number(app.ProfitSum + cell, average.sum_mask));
+  for (int row = 1; row < grid.cells().Rows(); ++row) {
+    if (grid.number(row, average.numbered) <= 0) continue;
+    app.ProfitSum =
+        Val(format_number(app.ProfitSum + grid.number(row, average.column), average.sum_mask));
     last = row;
   }
+  if (last == 0) return;
   form.set_text("tTotalRows", std::to_string(last));
-  form.set_text(average.box,
-                last > 0 ? format_number(app.ProfitSum / last, average.box_mask) : "0");
+  form.set_text(average.box, format_number(app.ProfitSum / last, average.box_mask));
 }
 
 std::string percent_case(const std::string& alias, const std::string& hundred) {

@@ -6,7 +6,9 @@
 #include <functional>
 #include <string>
 
-#include "report_framework/grid_report.h"
+#include "report_framework/report_grid.h"
+#include "report_framework/staging.h"
+#include "shell/screen.h"
 
 namespace tela {
 
@@ -23,28 +25,28 @@ struct ProfitDefinition {
   int percent_column = 0;        ///< the last column, which the average is taken of
   std::function<std::string(ProfitOrder)> list_sql;
   /// A row's values of `MonthlyProfit` from position 3 on.
-  std::function<std::string(const Grid&, int row)> staging_row;
+  std::function<std::vector<std::string>(const GridRow&)> staged;
 };
 
-class ProfitReport : public GridReport {
+class ProfitReport : public Screen {
  protected:
   ProfitReport(AppState& app, ProfitDefinition definition);
 
   /// Whether the listing may start; a screen with a filter may refuse.
   virtual bool may_list(ProfitOrder) { return true; }
-  /// Stages the lines of the period in `FromDate` and `ToDate`, calls `list`, and takes away what
-  /// must not stay.
-  virtual void with_staged_lines(ProfitOrder order, const std::function<void()>& list) = 0;
+  /// Stages the lines of the period, calls `list`, and takes away what must not stay.
+  virtual void with_staged_lines(const Period& period, ProfitOrder order,
+                                 const std::function<void()>& list) = 0;
 
  private:
   void list(ProfitOrder order);
-  void fill(ProfitOrder order);
   void write_totals();
   void preview();
 
   int percent_column_;
   std::function<std::string(ProfitOrder)> list_sql_;
-  std::function<std::string(const Grid&, int row)> staging_row_;
+  std::function<std::vector<std::string>(const GridRow&)> staged_;
+  ReportGrid grid_;
 };
 
 /// A plain average of a grid column.
@@ -56,9 +58,9 @@ struct ColumnAverage {
   std::string box_mask;
 };
 
-/// Writes the average into its box and the number of the last row counted into `tTotalRows`; both
-/// show "0" without a row.
-void write_average(AppState& app, Form& form, const Grid& grid, const ColumnAverage& average);
+/// Writes the average into its box and the number of the last row counted into `tTotalRows`.
+/// Without a row both stay as they are.
+void write_average(AppState& app, Form& form, const ReportGrid& grid, const ColumnAverage& average);
 
 /// The percentage of a bill line in SQL: a returned line counts with its margin negated, goods
 /// without a purchase rate count as 100 when sold and as -100 when returned. `alias` ("S." or

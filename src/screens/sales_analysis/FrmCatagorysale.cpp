@@ -1,8 +1,9 @@
-#include "screens/sales_analysis/FrmCatagorysale.h"
+// Category sales: what was sold of one item category.
+#include "screens/sales_analysis/filtered_sales.h"
 
 namespace tela {
 
-SalesFilter FrmCatagorysale::definition() {
+SalesFilter FrmCatagorysale() {
   return {
       .screen = "FrmCatagorysale",
       .caption = "CATAGORY WISE SALES",
@@ -19,7 +20,5 @@ SalesFilter FrmCatagorysale::definition() {
       .report_file = "CatagoryReport.rpt",
   };
 }
-
-FrmCatagorysale::FrmCatagorysale(AppState& app) : FilteredSales(app, definition()) {}
 
 }  // namespace tela

@@ -2,11 +2,9 @@
 
 #include <utility>
 
-#include "platform/text/number_text.h"
 #include "report_framework/report_preview.h"
 #include "screens/sales_analysis/item_sales.h"
-#include "shell/app_state.h"
-#include "shell/database_gateway.h"
+#include "shell/sql_value.h"
 
 namespace tela {
 
@@ -15,21 +13,12 @@ namespace {
 const std::string kMask = "########0.00";
 
 std::vector<Control> controls(const SalesFilter& filter) {
-  std::vector<Control> all;
-  all.push_back(date_picker("DTP1", "FROM"));
-  all.push_back(date_picker("DTP2", "TO"));
-  all.push_back(combo("Combo1", filter.label));
-  all.push_back(button("cmdView", "By Code"));
-  all.push_back(button("cmdName", "By Name"));
-  all.push_back(button("cmdAsc", "By Asc"));
-  all.push_back(button("cmdDes", "By Dec"));
-  all.push_back(button("cmdRefresh", "&Refresh"));
-  all.push_back(button("cmdprint", "Previe&w"));
-  all.push_back(grid("MSHF", 7));
-  all.push_back(label("lTotalRows"));
-  all.push_back(total_box("tTotalQty", "TOTAL QTY SOLD"));
-  all.push_back(total_box("tTotal", "TOTAL SALE RATE"));
-  return all;
+  return tab_order(
+      date_picker("DTP1", "FROM"), date_picker("DTP2", "TO"), combo("Combo1", filter.label),
+      button("cmdView", "By Code"), button("cmdName", "By Name"), button("cmdAsc", "By Asc"),
+      button("cmdDes", "By Dec"), button("cmdRefresh", "&Refresh"), button("cmdprint", "Previe&w"),
+      grid("MSHF", 7), label("lTotalRows"), total_box("tTotalQty", "TOTAL QTY SOLD"),
+      total_box("tTotal", "TOTAL SALE RATE"));
 }
 
 GridColumns grid_columns() {
@@ -61,8 +50,9 @@ std::string order_by(const SalesFilter& filter, FilteredSales::Order order) {
 }  // namespace
 
 FilteredSales::FilteredSales(AppState& app, SalesFilter filter)
-    : GridReport(app, filter.screen, filter.caption, controls(filter), grid_columns(), {1, 6}),
-      filter_(std::move(filter)) {
+    : Screen(app, filter.screen, filter.caption, controls(filter)),
+      filter_(std::move(filter)),
+      grid_(form(), grid_columns(), {.bands = RowBands{1, 6}}) {
   key_walk({"DTP1", "DTP2", "Combo1", "cmdView"});
   on_press("cmdView", [this] { list(Order::code); });
   on_press("cmdName", [this] { list(Order::name); });
@@ -81,36 +71,31 @@ std::string FilteredSales::sql(const SalesFilter& filter, const Inputs& inputs) 
   const std::string head =
       aliased ? filter.aliased_head
               : "select S.icode,S.iname,S.mrp,S.salerate,sum(S.qty),sum(S.qty) * S.salerate,";
-  return head + filter.source + " where S.billdate>='" + inputs.from + "' and S.billdate<='" +
-         inputs.to + "' and " + filter.condition + "='" + sql_quoted(inputs.value) +
-         "' group by S.icode,S.iname,S.mrp,S.salerate," + filter.column + " order by " +
-         order_by(filter, inputs.order);
+  return head + filter.source + " where S.billdate>=" + sql_text(inputs.period.from) +
+         " and S.billdate<=" + sql_text(inputs.period.to) + " and " + filter.condition + "=" +
+         sql_text(inputs.value) + " group by S.icode,S.iname,S.mrp,S.salerate," + filter.column +
+         " order by " + order_by(filter, inputs.order);
 }
 
 void FilteredSales::list(Order order) {
-  if (refuse_blank("Combo1", filter_.blank_message, Icon::critical)) return;
-  take_period();
-  empty_grid(grid());
-  const Recordset& rs =
-      OpenRs(app(), sql(filter_, {app().FromDate, app().ToDate, filter(), order}));
-  form().set_text("lTotalRows", "Total Rows = " + std::to_string(rs.record_count()));
-  FillGrid();
-  CloseRs(app());
-  RowHeading();
-  ChangeCellColour();
-  TotalAll();
+  if (refused(empty("Combo1", filter_.blank_message))) return;
+  grid_.show(app(), sql(filter_, {take_period(), filter(), order}), [this](const Recordset& rs) {
+    form().set_text("lTotalRows", "Total Rows = " + std::to_string(rs.record_count()));
+  });
 }
 
 void FilteredSales::preview() {
-  if (!ask(std::string(item_sales::kQuestion))) return;
-  take_period();
-  const auto insert = [this](int row) -> std::string {
-    if (Val(grid().TextMatrix(row, 1)) <= 0) return {};
-    return "Insert into SalesCatagory values('" + app().FromDate + "','" + app().ToDate + "'," +
-           grid().TextMatrix(row, 1) + ",'" + quoted_cell(grid(), row, 2) + "'," +
-           bare_cells(grid(), row, 3, 6) + ",'" + sql_quoted(filter()) + "')";
+  if (!ask(item_sales::kQuestion)) return;
+  const Period period = take_period();
+  const auto values = [&](const GridRow& row) -> std::vector<std::string> {
+    return {sql_text(period.from), sql_text(period.to), row.number(1),
+            row.text(2),           row.numbers(3, 6),   sql_text(filter())};
   };
-  stage_rows(app(), grid(), {"Delete FROM  SalesCatagory", insert}, StagingTransactions::one);
+  stage_rows(app(), grid_,
+             {.clear = "Delete FROM  SalesCatagory",
+              .insert = "Insert into SalesCatagory values(",
+              .counted_by = 1,
+              .values = values});
   open_preview(app(), filter_.report_file, "SELECT * FROM SalesCatagory");
 }
 

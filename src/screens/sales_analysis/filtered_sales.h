@@ -5,7 +5,8 @@
 
 #include <string>
 
-#include "report_framework/grid_report.h"
+#include "report_framework/report_grid.h"
+#include "shell/screen.h"
 
 namespace tela {
 
@@ -24,20 +25,18 @@ struct SalesFilter {
   std::string report_file;
 };
 
-class FilteredSales : public GridReport {
+class FilteredSales : public Screen {
  public:
   /// The four orderings, one for each list button.
   enum class Order { code, name, quantity_rising, quantity_falling };
 
   struct Inputs {
-    std::string from;   ///< under "dd/mmm/yyyy"
-    std::string to;     ///< likewise
+    Period period;
     std::string value;  ///< the category or the supplier
     Order order = Order::code;
   };
   static std::string sql(const SalesFilter& filter, const Inputs& inputs);
 
- protected:
   FilteredSales(AppState& app, SalesFilter filter);
 
  private:
@@ -46,6 +45,12 @@ class FilteredSales : public GridReport {
   void preview();
 
   SalesFilter filter_;
+  ReportGrid grid_;
 };
+
+// The screens.
+
+SalesFilter FrmCatagorysale();
+SalesFilter frmSupplierSales();
 
 }  // namespace tela

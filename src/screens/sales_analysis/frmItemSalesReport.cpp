@@ -7,23 +7,17 @@
 #include "shell/app_state.h"
 #include "shell/database_gateway.h"
 #include "shell/retail_tables.h"
+#include "shell/sql_value.h"
 
 namespace tela {
 
 namespace {
 
 std::vector<Control> controls() {
-  std::vector<Control> all;
-  all.push_back(date_picker("DTP1", "FROM"));
-  all.push_back(date_picker("DTP2", "TO"));
-  all.push_back(combo("Combo1", "SELECT THE COUNTER"));
-  all.push_back(button("cmdView", "&View"));
-  all.push_back(button("cmdRefresh", "&Refresh"));
-  all.push_back(button("cmdprint", "Previe&w"));
-  all.push_back(grid("MSHF", 7));
-  all.push_back(total_box("tTotalQty", "TOTAL QTY"));
-  all.push_back(total_box("tTotal", "TOTAL SALE RATE"));
-  return all;
+  return tab_order(
+      date_picker("DTP1", "FROM"), date_picker("DTP2", "TO"), combo("Combo1", "SELECT THE COUNTER"),
+      button("cmdView", "&View"), button("cmdRefresh", "&Refresh"), button("cmdprint", "Previe&w"),
+      grid("MSHF", 7), total_box("tTotalQty", "TOTAL QTY"), total_box("tTotal", "TOTAL SALE RATE"));
 }
 
 GridColumns grid_columns() {
@@ -42,8 +36,8 @@ GridColumns grid_columns() {
 }  // namespace
 
 frmItemSalesReport::frmItemSalesReport(AppState& app)
-    : GridReport(app, "frmItemSalesReport", "MONTHLY PRODUCT WISE SALES REPORT", controls(),
-                 grid_columns(), {1, 6}) {
+    : Screen(app, "frmItemSalesReport", "MONTHLY PRODUCT WISE SALES REPORT", controls()),
+      grid_(form(), grid_columns(), {.bands = RowBands{1, 6}}) {
   key_walk({"DTP1", "DTP2", "Combo1", "cmdView"});
   on_press("cmdView", [this] { view(); });
   on_press("cmdprint", [this] { preview(); });
@@ -57,38 +51,27 @@ void frmItemSalesReport::fill_lists() {
 std::string frmItemSalesReport::sql(const Inputs& inputs) {
   return "select icode'CODE',iname'ITEM NAME',STR(mrp,8,2)'M.R.P',STR(salerate,8,2)'SALE "
          "RATE',str(sum(qty),8,3)'QTY',str(sum(qty) * salerate,8,2)'AMOUNT' from sales where "
-         "billdate>='" +
-         inputs.from + "' and billdate<='" + inputs.to + "'" +
+         "billdate>=" +
+         sql_text(inputs.period.from) + " and billdate<=" + sql_text(inputs.period.to) +
          (inputs.counter ? " and counter=" + *inputs.counter : "") +
          " group by icode,iname,mrp,salerate order by iname";
 }
 
-void frmItemSalesReport::view() {
-  take_period();
-  if (refuse_blank("Combo1", "Please Select The Counter", Icon::information)) return;
-  empty_grid(grid());
-  list();
-  RowHeading();
-  ChangeCellColour();
-  TotalAll();
-}
-
 // Only the entries of the list run a statement; the combo accepts typing, but no other counter.
-void frmItemSalesReport::list() {
+void frmItemSalesReport::view() {
+  const Period period = take_period();
+  if (refused(blank("Combo1", "Please Select The Counter", Icon::information))) return;
   const Control& chosen = form().at("Combo1");
-  if (std::find(chosen.items.begin(), chosen.items.end(), chosen.text) == chosen.items.end())
-    return tell("PLEASE SELECT THE COUNTER", Icon::information);
-  OpenRs(app(), sql({app().FromDate, app().ToDate, counter_number(chosen.text)}));
-  FillGrid();
-  CloseRs(app());
+  if (std::find(chosen.items.begin(), chosen.items.end(), chosen.text) != chosen.items.end())
+    return grid_.show(app(), sql({period, take_counter(form())}));
+  grid_.clear();
+  tell("PLEASE SELECT THE COUNTER", Icon::information);
+  grid_.finish();
 }
 
 void frmItemSalesReport::preview() {
-  if (!ask(std::string(item_sales::kQuestion))) return;
-  take_period();
-  stage_rows(app(), grid(),
-             item_sales::staging(grid(), {1, app().FromDate, app().ToDate, filter()}),
-             StagingTransactions::one);
+  if (!ask(item_sales::kQuestion)) return;
+  stage_rows(app(), grid_, item_sales::staging(1, take_period(), filter()));
   open_preview(app(), item_sales::kReportFile, item_sales::kReportQuery);
 }
 

@@ -4,17 +4,17 @@
 #include <optional>
 #include <string>
 
-#include "report_framework/grid_report.h"
+#include "report_framework/report_grid.h"
+#include "shell/screen.h"
 
 namespace tela {
 
-class frmItemSalesReport : public GridReport {
+class frmItemSalesReport : public Screen {
  public:
   explicit frmItemSalesReport(AppState& app);
 
   struct Inputs {
-    std::string from;                    ///< under "dd/mmm/yyyy"
-    std::string to;                      ///< likewise
+    Period period;
     std::optional<std::string> counter;  ///< nothing: all counters
   };
   static std::string sql(const Inputs& inputs);
@@ -22,8 +22,9 @@ class frmItemSalesReport : public GridReport {
  private:
   void fill_lists() override;
   void view();
-  void list();
   void preview();
+
+  ReportGrid grid_;
 };
 
 }  // namespace tela

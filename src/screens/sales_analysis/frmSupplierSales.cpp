@@ -1,8 +1,10 @@
-#include "screens/sales_analysis/frmSupplierSales.h"
+// Supplier sales: what was sold of one supplier's items. The supplier is the one that the item
+// names today.
+#include "screens/sales_analysis/filtered_sales.h"
 
 namespace tela {
 
-SalesFilter frmSupplierSales::definition() {
+SalesFilter frmSupplierSales() {
   return {
       .screen = "frmSupplierSales",
       .caption = "SUPPLIER WISE SALES",
@@ -17,7 +19,5 @@ SalesFilter frmSupplierSales::definition() {
       .report_file = "SupplierItemReport.rpt",
   };
 }
-
-frmSupplierSales::frmSupplierSales(AppState& app) : FilteredSales(app, definition()) {}
 
 }  // namespace tela

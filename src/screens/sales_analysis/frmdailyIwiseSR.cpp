@@ -5,24 +5,18 @@
 #include "shell/app_state.h"
 #include "shell/database_gateway.h"
 #include "shell/retail_tables.h"
+#include "shell/sql_value.h"
 
 namespace tela {
 
 namespace {
 
 std::vector<Control> controls() {
-  std::vector<Control> all;
-  all.push_back(date_picker("DTP", " DATE"));
-  all.push_back(combo("Combo1", " COUNTER No."));
-  all.push_back(text_box("tCounter"));
-  all.push_back(button("cmdView", "&View"));
-  all.push_back(button("cmdRefresh", "&Refresh"));
-  all.push_back(button("cmdprint", "Previe&w"));
-  all.push_back(button("cmdClose", "&Close"));
-  all.push_back(grid("MSHF", 6));
-  all.push_back(total_box("tTotalQty", "TOTAL QTY"));
-  all.push_back(total_box("tTotal", "TOTAL"));
-  return all;
+  return tab_order(date_picker("DTP", " DATE"), combo("Combo1", " COUNTER No."),
+                   text_box("tCounter"), button("cmdView", "&View"),
+                   button("cmdRefresh", "&Refresh"), button("cmdprint", "Previe&w"),
+                   button("cmdClose", "&Close"), grid("MSHF", 6),
+                   total_box("tTotalQty", "TOTAL QTY"), total_box("tTotal", "TOTAL"));
 }
 
 GridColumns grid_columns() {
@@ -40,8 +34,8 @@ GridColumns grid_columns() {
 }  // namespace
 
 frmdailyIwiseSR::frmdailyIwiseSR(AppState& app)
-    : GridReport(app, "frmdailyIwiseSR", "DAILY ITEMWISE SALES REPORT", controls(), grid_columns(),
-                 {0, 5}) {
+    : Screen(app, "frmdailyIwiseSR", "DAILY ITEMWISE SALES REPORT", controls()),
+      grid_(form(), grid_columns(), {.bands = RowBands{0, 5}}) {
   key_walk({"DTP", "Combo1", "cmdView"});
   on_press("cmdView", [this] { view(); });
   on_press("cmdprint", [this] { preview(); });
@@ -55,28 +49,23 @@ void frmdailyIwiseSR::fill_lists() {
 
 std::string frmdailyIwiseSR::sql(const Inputs& inputs) {
   return "select icode,iname,mrp,salerate,sum(qty),sum(qty) * salerate from sales where "
-         "billdate='" +
-         inputs.day + "'" + (inputs.counter ? " and counter=" + *inputs.counter : "") +
+         "billdate=" +
+         sql_text(inputs.day) + (inputs.counter ? " and counter=" + *inputs.counter : "") +
          " group by icode,iname,mrp,salerate order by iname";
 }
 
+// The list stays as it is until the new one has been read.
 void frmdailyIwiseSR::view() {
-  app().FromDate = picked_date("DTP");
-  if (refuse_blank("Combo1", "Please Select the COUNTER", Icon::critical)) return;
-  OpenRs(app(), sql({app().FromDate, take_counter()}));
-  FillGrid();
+  if (refused(empty("Combo1", "Please Select the COUNTER"))) return;
+  const Period day = take_day("DTP");
+  grid_.fill(app(), OpenRs(app(), sql({day.from, take_counter(form())})));
   CloseRs(app());
-  TotalAll();
-  RowHeading();
-  ChangeCellColour();
+  grid_.finish();
 }
 
 void frmdailyIwiseSR::preview() {
-  if (!ask(std::string(item_sales::kQuestion))) return;
-  app().FromDate = picked_date("DTP");
-  stage_rows(app(), grid(),
-             item_sales::staging(grid(), {0, app().FromDate, app().FromDate, filter()}),
-             StagingTransactions::one);
+  if (!ask(item_sales::kQuestion)) return;
+  stage_rows(app(), grid_, item_sales::staging(0, take_day("DTP"), filter()));
   open_preview(app(), item_sales::kReportFile, item_sales::kReportQuery);
 }
 

@@ -4,16 +4,17 @@
 #include <optional>
 #include <string>
 
-#include "report_framework/grid_report.h"
+#include "report_framework/report_grid.h"
+#include "shell/screen.h"
 
 namespace tela {
 
-class frmdailyIwiseSR : public GridReport {
+class frmdailyIwiseSR : public Screen {
  public:
   explicit frmdailyIwiseSR(AppState& app);
 
   struct Inputs {
-    std::string day;                     ///< under "dd/mmm/yyyy"
+    std::string day;                     ///< under the mask of statements
     std::optional<std::string> counter;  ///< nothing: all counters
   };
   static std::string sql(const Inputs& inputs);
@@ -22,6 +23,8 @@ class frmdailyIwiseSR : public GridReport {
   void fill_lists() override;
   void view();
   void preview();
+
+  ReportGrid grid_;
 };
 
 }  // namespace tela

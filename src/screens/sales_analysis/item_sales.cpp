@@ -1,19 +1,17 @@
 #include "screens/sales_analysis/item_sales.h"
 
-#include "platform/text/number_text.h"
-#include "shell/database_gateway.h"
+#include "shell/sql_value.h"
 
 namespace tela::item_sales {
 
-Staging staging(const Grid& grid, const Preview& preview) {
-  const auto insert = [&grid, preview](int row) -> std::string {
-    const int code = preview.code;
-    if (Val(grid.TextMatrix(row, code)) <= 0) return {};
-    return "Insert into ItemsSales values(" + grid.TextMatrix(row, code) + ",'" +
-           quoted_cell(grid, row, code + 1) + "'," + bare_cells(grid, row, code + 2, code + 5) +
-           ",'" + preview.from + "','" + preview.to + "','" + sql_quoted(preview.filter) + "')";
-  };
-  return {"Delete from ItemsSales", insert};
+Staging staging(int code, const Period& period, const std::string& filter) {
+  return {.clear = "Delete from ItemsSales",
+          .insert = "Insert into ItemsSales values(",
+          .counted_by = code,
+          .values = [=](const GridRow& row) -> std::vector<std::string> {
+            return {row.number(code),      row.text(code + 1),  row.numbers(code + 2, code + 5),
+                    sql_text(period.from), sql_text(period.to), sql_text(filter)};
+          }};
 }
 
 }  // namespace tela::item_sales
