@@ -128,7 +128,8 @@ TEST_F(DailySales, PreviewStagesTheGridAsItStands) {
   EXPECT_EQ(shop.sql("select count(*) from SalesPrint"), Json::parse("[[0]]"));
 
   // The third bill's asterisks are no number, so the whole run fails and leaves no row.
-  EXPECT_THAT(shop.run("answer ok\npress cmdprint").back(), HasSubstr("could not be completed"));
+  EXPECT_THAT(shop.run("answer ok\npress cmdprint").back(),
+              HasSubstr(R"(Row 3, column \"CARD\": the number is too wide to be shown)"));
   EXPECT_EQ(shop.sql("select count(*) from SalesPrint"), Json::parse("[[0]]"));
 
   shop.run("set DTPicker1 05/01/2024\npick Combo1 COUNTER-1\npress cmdView");
@@ -140,6 +141,29 @@ TEST_F(DailySales, PreviewStagesTheGridAsItStands) {
 
   shop.run("press cmdRefresh\nanswer ok\npress cmdprint");
   EXPECT_EQ(shop.sql("select count(*) from SalesPrint"), Json::parse("[[0]]"));
+}
+
+TEST_F(DailySales, APaymentThatIsNullIsStagedAsNull) {
+  shop.sql("update SalesTemp set MobilePay=null where BillNo=101");
+  shop.run("pick Combo1 COUNTER-1\npress cmdView\nanswer ok\npress cmdprint");
+  EXPECT_EQ(shop.sql("select * from SalesPrint")[0][11], nullptr);
+}
+
+TEST_F(DailySales, ATypedCounterReachesTheStatementAsADigitOnly) {
+  for (const char* typed : {"al", "1 or 1=1 ", "COUNTER-\xC3\xA9"}) {
+    EXPECT_THAT(shop.run(std::string("set Combo1 ") + typed + "\npress cmdView").back(),
+                HasSubstr("is no counter"))
+        << typed;
+    EXPECT_EQ(shop.show()["grids"]["MSHF"]["rows"], 2);
+  }
+}
+
+TEST_F(DailySales, ABillBeyondTheHandOverValueLeavesItAsItWas) {
+  shop.add({.number = 105});
+  shop.sql("update SalesTemp set BillNo=3000000000 where BillNo=105");
+  shop.run("pick Combo1 ALL COUNTER\npress cmdView\ndoubleclick MSHF 1\nclose");
+  EXPECT_THAT(shop.run("doubleclick MSHF 4"), ElementsAre(R"({"opened":"FrmBillView"})"));
+  EXPECT_EQ(shop.show()["controls"]["tBillNo"], "101");
 }
 
 TEST_F(DailySales, ADoubleClickOpensTheBill) {

@@ -79,6 +79,27 @@ TEST_F(ItemLists, NamesWithApostrophesReachTheFilterAndTheStaging) {
             Json::parse(R"([["2024-01-05","2024-01-05",2,"Farmer's Soap",12,10,1,10,"SOAPS"]])"));
 }
 
+// Blanks are a text: they list what stands under no category.
+TEST_F(ItemLists, BlanksAreTheEmptyCategory) {
+  shop.add_item(3, "Loose", "", "");
+  shop.add({.number = 4, .lines = {{3, "Loose", 10, 9, 8, 3}}});
+  Json state = shop.show("open FrmCatagorysale\nset Combo1    \npress cmdView");
+  EXPECT_EQ(state["controls"]["lTotalRows"], "Total Rows = 1");
+  EXPECT_THAT(shop.run("set Combo1 \npress cmdView").front(),
+              HasSubstr("Please Select the Category"));
+}
+
+TEST_F(ItemLists, AReversedPeriodIsNoProfitPreview) {
+  shop.run("open frmMonthlyProfit\npress cmdView\npress cmdprint");
+  const Json staged = shop.sql("select * from MonthlyProfit");
+  ASSERT_FALSE(staged.empty());
+  EXPECT_THAT(
+      shop.run("set DTP1 06/01/2024\npress cmdprint"),
+      ElementsAre(HasSubstr(R"("The Start Date Is Greater Than The End Date","icon":"critical")"),
+                  R"({"focus":"DTP1"})"));
+  EXPECT_EQ(shop.sql("select * from MonthlyProfit"), staged);
+}
+
 TEST_F(ItemLists, ProfitByItem) {
   const std::string period = "open frmMonthlyProfit\nset DTP2 05/01/2024\n";
   Json state = shop.show(period + "press cmdView");
@@ -137,6 +158,15 @@ TEST_F(ItemLists, ProfitByBillAndItsLines) {
   EXPECT_EQ(state["controls"]["tTotal"], "100.00");
   EXPECT_EQ(state["controls"]["tPercent"], "75.00");
   EXPECT_EQ(row(state, 1)[2], "Rice");
+  EXPECT_EQ(state["controls"]["tTotalRows"], "2");
+
+  // A bill without lines has nothing to average.
+  shop.add({.number = 9, .net = 5});
+  shop.run("close");
+  shop.state().SaleBillNo = 9;
+  state = shop.show("open frmProfitView");
+  EXPECT_EQ(state["controls"]["tTotalRows"], "0.00");
+  EXPECT_EQ(state["controls"]["tPercent"], "0");
 }
 
 double total(Shop& shop, const std::string& script, const std::string& box) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <map>
 
 #include "support/shop.h"
 
@@ -99,6 +100,86 @@ TEST(MainWindow, OneWindowAScreenWhicheverWayItIsOpened) {
             Json::parse(R"(["frmDailyS_R","frmmonthlySR"])"));
   EXPECT_THAT(shop.run("close"), ElementsAre(R"({"closed":"frmDailyS_R"})"));
   EXPECT_EQ(shop.show()["screen"], "frmmonthlySR");
+}
+
+// What each entry and each button opens, as the owner knows them.
+TEST(MainWindow, EveryEntryOpensItsOwnScreen) {
+  const std::map<std::string, std::vector<std::pair<std::string, std::string>>> kOpens = {
+      {"menu",
+       {{"DailySalesReport", "frmDailyS_R"},
+        {"MonthlySalesReport", "frmmonthlySR"},
+        {"CounterWiseSales", "frmDetailSales1"},
+        {"DailyItemwiseSReport", "frmdailyIwiseSR"},
+        {"MonthlyItemwiseSReport", "frmItemSalesReport"},
+        {"UserWiseReport", "frmUserReport"},
+        {"CatagorySales", "FrmCatagorysale"},
+        {"SupplierWiseSales", "frmSupplierSales"},
+        {"DailyCashSalesReport", "frmDailyCashsales"},
+        {"MonthlyCashSalesReport", "frmMonthlyCashSales"},
+        {"MonthlyCrSales", "frmMonthlyCreditSales"},
+        {"BillToBillReport", "fBillToBill"},
+        {"SaleReturnReport", "frmSaleReturn"},
+        {"SaleByValue", "frmSalesByValue"},
+        {"MobilePayDetails", "frmMobilePayDetails"},
+        {"MonthlyProfitReport", "frmMonthlyProfit"},
+        {"CatagoryWiseProfit", "frmCatagoryProfit"},
+        {"ProfitPercentWise", "frmProfitPercent"},
+        {"SaleProfit", "FrmSaleProfit"},
+        {"BillWiseProfit", "frmBillWiseProfit"},
+        {"TotPurchaseReport", "frmTotPurchaseReport"},
+        {"TotSalesReport", "frmTotSales"},
+        {"ProductEditReport", "frmProductEditReport"},
+        {"StockAdjustReport", "frmStockAdjustReport"},
+        {"StockZeroReport", "frmStockZero"},
+        {"OptimumStock", "frmOptimumStock"},
+        {"SaleRateDiff", "frmSaleRateDiff"},
+        {"StockReport", "frmStockReport"},
+        {"GrForAMonth", "frmBarChartDay"},
+        {"GrForAYear", "frmBarChart"},
+        {"GrForACounter", "frmBarChartCounter"},
+        {"GrForaStaff", "frmBarChartUser"},
+        {"GrForCatagory", "frmBarChartCatagory"},
+        {"MonthlyPurchaseReport", "frmMPreport"},
+        {"MonthlyIWpurreport", "frmItemPurchaseReport"},
+        {"MonthlyPaymentReport", "frmTotalPurchase"},
+        {"DateWiseSalesReport", "frmDateWise"},
+        {"DateWiseGstReport", "frmDateWiseGst"},
+        {"HSNSalesTaxReport", "frmHsnSalesReport"},
+        {"GstModify", "frmGstModifySales"},
+        {"SGSTPurchaseReport", "frmSgstPurchase"},
+        {"IGSTPurchaseReport", "frmIgstPurchase"},
+        {"PurchaseReportGst", "frmPurchaseReport"},
+        {"RateOfGst", "frmRateOfTax"},
+        {"RateOfIgst", "frmRateOfGstI"},
+        {"hsnB2b", "frmHsnB2B"},
+        {"B2BReport", "frmBtoB"},
+        {"RateOfGstB2B", "frmRateOfGstB2B"},
+        {"Points", "frmPoints"},
+        {"CustomerGift", "frmGiftAndPoints"}}},
+      {"toolbar sales\npanel",
+       {{"cmdDailySales", "frmDailyS_R"},
+        {"cmdMonthlySales", "frmmonthlySR"},
+        {"cmdDailyItemWise", "frmdailyIwiseSR"},
+        {"cmdMonItemWise", "frmItemSalesReport"},
+        {"cmdUserWise", "frmUserReport"},
+        {"cmdCatWise", "FrmCatagorysale"},
+        {"cmdDailyCashSal", "frmDailyCashsales"},
+        {"cmdMonCashSal", "frmMonthlyCashSales"},
+        {"Command1", "frmMonthlyCreditSales"},
+        {"cmdBillToBill", "fBillToBill"},
+        {"CmdSaleRet", "frmSaleReturn"}}},
+      {"toolbar purchase\npanel",
+       {{"CmdMonthlyPurchase", "frmMPreport"},
+        {"cmdMonthlyIW", "frmItemPurchaseReport"},
+        {"CmdMonthlyPayment", "frmTotalPurchase"}}}};
+  Shop shop;
+  shop.run("login KESTR KESTR472");
+  for (const auto& [way, entries] : kOpens)
+    for (const auto& [entry, screen] : entries) {
+      if (!shop.state().windows.knows(screen)) continue;
+      EXPECT_THAT(shop.run(way + " " + entry), Contains(R"({"opened":")" + screen + R"("})"));
+      shop.run("close");
+    }
 }
 
 TEST(MainWindow, ThePanels) {
