@@ -8,7 +8,7 @@ set -eu
 packages="cmake ninja-build g++ ccache git
   libsqlite3-dev sqlite3 nlohmann-json3-dev
   libgtest-dev libgmock-dev libbenchmark-dev
-  qt6-base-dev qt6-svg-dev qt6-charts-dev libgl1-mesa-dev
+  qt6-base-dev qt6-svg-dev qt6-charts-dev libqt6opengl6-dev libgl1-mesa-dev
   unixodbc-dev odbcinst tdsodbc libsqliteodbc
   xvfb fonts-dejavu-core fonts-liberation poppler-utils"
 if [ "${1:-}" = --lint ]; then

@@ -14,6 +14,7 @@
 
 #include "display/qt/grid_pane.h"
 #include "display/qt/look.h"
+#include "platform/chart_qt/chart_view.h"
 #include "platform/text/number_text.h"
 
 namespace tela {
@@ -228,6 +229,12 @@ ScreenField make_grid(const Control& control, const FieldActions& actions,
   return {{}, {}, pane, [view](const Control&) { view->refresh(); }, {}};
 }
 
+ScreenField make_chart(const Control& control) {
+  auto* view = new ChartView;
+  view->set_chart(control.chart.get());
+  return {{}, {}, view, [view](const Control&) { view->refresh(); }, {}};
+}
+
 ScreenField make_widget(const Control& control, const FieldActions& actions,
                         DesktopSettings& settings, const QString& key) {
   switch (control.kind) {
@@ -250,7 +257,7 @@ ScreenField make_widget(const Control& control, const FieldActions& actions,
       return make_grid(control, actions, settings,
                        key + '.' + QString::fromStdString(control.name));
     case ControlKind::chart:
-      break;
+      return make_chart(control);
   }
   return make_label();
 }

@@ -12,6 +12,7 @@
 
 #include "display/qt/flow_layout.h"
 #include "display/qt/grid_pane.h"
+#include "platform/chart_qt/chart_view.h"
 
 namespace tela {
 
@@ -21,7 +22,8 @@ constexpr int kGap = 10;  // pixels between fields
 constexpr int kLeastWidth = 560;
 
 bool fills_window(const Control& control) {
-  return control.kind == ControlKind::grid || control.kind == ControlKind::list;
+  return control.kind == ControlKind::grid || control.kind == ControlKind::list ||
+         control.kind == ControlKind::chart;
 }
 
 bool is_button(ControlKind kind) {
@@ -195,6 +197,7 @@ void ScreenView::focus_first() {
 void ScreenView::detach() {
   screen_ = nullptr;
   for (GridPane* pane : findChildren<GridPane*>()) pane->view().set_grid(nullptr);
+  for (ChartView* chart : findChildren<ChartView*>()) chart->set_chart(nullptr);
 }
 
 QSize ScreenView::sizeHint() const {
