@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "apps/program/program.h"
-#include "apps/tela_console/pdf_output.h"
+#include "apps/tela_console/painters.h"
 #include "display/scripted/script_runner.h"
 #include "display/scripted/told_port.h"
 #include "display/scripted/told_sheets.h"
@@ -61,7 +61,7 @@ int run(const Options& options) {
   const tela::Paths paths =
       options.root ? tela::Paths(*options.root) : tela::Paths::from_environment();
   tela::Platform platform = tela::make_platform(paths);
-  platform.write_pdf = tela::make_pdf_writer();
+  tela::add_painters(platform);
   platform.open_port = tela::tell_printed(platform.open_port, display);
   if (options.sheets) platform.sheets = tela::make_csv_sheets(paths, *options.sheets);
   platform.sheets = tela::tell_sheets(std::move(platform.sheets), display);

@@ -9,6 +9,7 @@
 #include "apps/program/program.h"
 #include "apps/tela_reports/picture_tour.h"
 #include "display/qt/look.h"
+#include "platform/chart_qt/picture_clipboard.h"
 #include "platform/report_qt/paged_output.h"
 
 namespace {
@@ -53,6 +54,7 @@ int run(const tela::Paths& paths, const QString& pictures) {
                                      [&paths] { return first_run_hint(paths); }});
   tela::Platform platform = tela::make_platform(paths);
   platform.write_pdf = tela::write_pdf;
+  platform.chart_pictures = tela::make_chart_pictures();
   tela::Program program(std::move(platform), display);
   display.start(program.state());
   if (pictures.isEmpty()) return QApplication::exec();

@@ -54,9 +54,10 @@ void ChartLegend::paint(QPainter& painter, QPointF corner) const {
   const double height = entry_height(font_);
   painter.setFont(font_);
   for (int entry = 0; entry < std::min(count, places); ++entry) {
-    const QRectF place(corner.x() + entry / entries_in_column_ * column_width_,
-                       corner.y() + entry % entries_in_column_ * height, column_width_ - kColumnGap,
-                       height - kLeading);
+    const int column = entry / entries_in_column_;
+    const int line = entry % entries_in_column_;
+    const QRectF place(corner.x() + column * column_width_, corner.y() + line * height,
+                       column_width_ - kColumnGap, height - kLeading);
     if (count > places && entry == places - 1) {
       painter.setPen(kChartFaintInk);
       painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter,

@@ -49,7 +49,7 @@ void paint_bars(QPainter& painter, const std::vector<double>& values, const Plot
   for (std::size_t i = 0; i < values.size(); ++i) {
     if (values[i] == 0) continue;
     const auto row = static_cast<double>(i);
-    const QPolygonF top{{{row - width / 2, values[i]}, {row + width / 2, values[i]}}};
+    const QList<QPointF> top = {{row - width / 2, values[i]}, {row + width / 2, values[i]}};
     paint_solid(painter, down_to_zero(top, frame), frame.depth,
                 tinted(row_colour(static_cast<int>(i)), white));
   }

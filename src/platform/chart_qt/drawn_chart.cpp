@@ -24,6 +24,7 @@ namespace {
 
 constexpr double kMargin = 12;         // pixels around all
 constexpr double kLeastPlot = 40;      // the least side of a plot
+constexpr double kPointRoom = 7;       // for a point at the edge of the plot
 constexpr double kLegendShare = 0.36;  // the most of the width that the legend takes
 
 QString mark_text(const ValueScale& scale, double mark) {
@@ -40,6 +41,7 @@ double widest_mark(const ValueScale& scale, const QFont& font) {
 
 std::vector<double> values_of(const std::vector<DrawnRow>& rows) {
   std::vector<double> values;
+  values.reserve(rows.size());
   for (const DrawnRow& row : rows) values.push_back(row.value);
   return values;
 }
@@ -180,9 +182,9 @@ void DrawnChart::draw_plot(const Chart& chart, const QRectF& room) {
   const bool labelled = chart.label_location == kAbovePoint;
   const DataLabels figures(rows_, fonts_.text, frame.pitch(), joins_points(chart.type) ? 9 : 4,
                            chart.label_orientation == kTextUpwards);
-  const double headroom = labelled ? figures.height() / frame.front.height() : 0;
+  const double beyond = labelled ? figures.height() : kPointRoom;
   const int intervals = std::clamp(static_cast<int>(frame.front.height() / 60), 2, 8);
-  frame.scale = value_scale(values, intervals, std::min(headroom, 0.4));
+  frame.scale = value_scale(values, intervals, std::min(beyond / frame.front.height(), 0.4));
 
   chart_->setPlotArea(frame.front);
   add_axes(frame, chart.type);

@@ -10,8 +10,11 @@ namespace tela {
 /// The line from value to value. A single value makes a short level line, which can be seen.
 inline QPolygonF joined(const std::vector<double>& values) {
   constexpr double kHalfOfSingle = 0.3;
-  if (values.size() == 1) return {{{-kHalfOfSingle, values[0]}, {kHalfOfSingle, values[0]}}};
   QPolygonF line;
+  if (values.size() == 1) {
+    line << QPointF(-kHalfOfSingle, values[0]) << QPointF(kHalfOfSingle, values[0]);
+    return line;
+  }
   for (std::size_t row = 0; row < values.size(); ++row)
     line.append({static_cast<double>(row), values[row]});
   return line;
@@ -44,7 +47,7 @@ inline std::vector<QPolygonF> cut_at_zero(const QPolygonF& line) {
     const double share = line[i].y() / (line[i].y() - line[i + 1].y());
     const QPointF crossing(line[i].x() + share * (line[i + 1].x() - line[i].x()), 0);
     parts.back().append(crossing);
-    parts.push_back({{crossing}});
+    parts.emplace_back() << crossing;
   }
   return parts;
 }

@@ -16,6 +16,8 @@ namespace {
 constexpr double kWholeTurn = 360;
 constexpr double kLeader = 26;  // pixels from the pie to its labels
 constexpr double kGap = 4;
+constexpr int kAtLeft = Qt::AlignLeft | Qt::AlignVCenter;
+constexpr int kAtRight = Qt::AlignRight | Qt::AlignVCenter;
 
 }  // namespace
 
@@ -103,6 +105,7 @@ void Pie::paint_side(QPainter& painter, bool right) const {
             [this](const Slice& a, const Slice& b) { return direction(a).y() < direction(b).y(); });
 
   std::vector<double> heights;
+  heights.reserve(side.size());
   for (const Slice& slice : side)
     heights.push_back(area_.center().y() + direction(slice).y() * (radius_ + kLeader / 2));
   heights = spread(heights, metrics.height(), area_.top() + metrics.height() / 2,
@@ -118,7 +121,7 @@ void Pie::paint_side(QPainter& painter, bool right) const {
     painter.setPen(kChartInk);
     const QRectF place(right ? text_start : area_.left(), heights[i] - metrics.height() / 2, width,
                        metrics.height());
-    painter.drawText(place, (right ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter,
+    painter.drawText(place, right ? kAtLeft : kAtRight,
                      metrics.elidedText(label(side[i]), Qt::ElideMiddle, width));
   }
 }

@@ -1,0 +1,7 @@
+#include "apps/tela_console/painters.h"
+
+namespace tela {
+
+void add_painters(Platform&) {}
+
+}  // namespace tela
