@@ -45,7 +45,8 @@ class RandomValues {
   static constexpr std::array<std::int64_t, 12> days{20240104, 20240105, 20240109, 20240114,
                                                      20240131, 20240132, 20240199, 20240200,
                                                      20240201, 20240215, 20240230, 20240301};
-  static constexpr std::array<double, 6> numbers{0, 0.1, 0.2, 2, 1e6 + 0.01, -0.3};
+  static constexpr std::array<double, 8> numbers{0,          0.1,  0.2,     2,
+                                                 1e6 + 0.01, -0.3, 74.0625, -133.68};
 
   std::size_t below(std::size_t bound) { return random_() % bound; }
 

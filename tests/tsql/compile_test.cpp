@@ -37,7 +37,7 @@ TEST_F(Compile, WritesTheEnginesSql) {
       {"insert into #CostCompare values(1),(-2.5)",
        R"(INSERT INTO temp."#CostCompare" ("SaleRate") VALUES (?1), (?2))"},
       {"insert into HsnGstReport (iHSNcode,Qty) select iName,str(Qty) from Sales",
-       R"(INSERT INTO main."HsnGstReport" ("iHSNcode", "Qty") SELECT tela_fit_text(t1."iName", 20, 'HsnGstReport', 'iHSNcode'), tela_to_real(tela_str(t1."Qty")) FROM main."Sales" AS t1)"},
+       R"(INSERT INTO main."HsnGstReport" ("iHSNcode", "Qty") SELECT tela_fit_text(t1."iName", 20, 'HsnGstReport', 'iHSNcode'), tela_to_real(tela_round(t1."Qty", 0)) FROM main."Sales" AS t1)"},
       {"update Items set Stock=0 where stock<0",
        R"(UPDATE main."Items" AS t1 SET "Stock" = ?1 WHERE (t1."Stock" < ?2))"},
       {"update Sales set iHSNcode=I.iHSNcode from Sales S join Items I on S.iCode=I.iCode",

@@ -10,10 +10,31 @@ namespace {
 TEST(TextOrder, HasNoCaseAndNoTrailingBlanks) {
   // Each text sorts behind the one above it; texts of one line are equal.
   const std::vector<std::vector<std::string>> ascending = {
-      {"", " ", "   "},  {"_a"}, {"1"},  {"10", "10 "}, {"2"}, {"a\tb"},
+      {"", " ", "   "},
+      {"_a"},
+      {"1"},
+      {"10", "10 "},
+      {"2"},
+      {"a\tb"},
       {"a", "A", "A  "},
 
-      {"a b", "A B "},   {"a1"}, {"ab"}, {"b"},         {"z"}, {"\xC3\x89t", "\xC3\xA9T "},
+      {"a b", "A B "},
+      {"a1"},
+      {"ab"},
+      {"b"},
+      {"et"},
+      {"ete", "ETE "},
+      {"ét\u00e9", "ÉT\u00c9 "},
+      {"etf"},
+      {"z"},
+      {"Žž", "žŽ"},
+      {"α"},
+      {"ά", "Ά"},
+      {"β", "Β"},
+      {"д", "Д"},
+      {"е"},
+      {"ё", "Ё"},
+      {"ж"},
       {"\xE0\xAE\x85"},
   };
   const auto sign = [](int order) { return (order > 0) - (order < 0); };

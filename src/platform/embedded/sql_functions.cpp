@@ -16,6 +16,7 @@
 #include "platform/embedded/stored_values.h"
 #include "platform/embedded/sum_functions.h"
 #include "platform/embedded/text_joins.h"
+#include "platform/text/letters.h"
 #include "platform/text/number_text.h"
 #include "platform/text/strings.h"
 #include "platform/text/utf8.h"
@@ -190,6 +191,13 @@ StoredValue length(const Args& args) {
   return static_cast<std::int64_t>(character_count(without_trailing_blanks(args.text(0))));
 }
 
+StoredValue upper(const Args& args) {
+  return upper_case(args.text(0));
+}
+StoredValue lower(const Args& args) {
+  return lower_case(args.text(0));
+}
+
 // Characters from a position (from 1) on; positions ahead of the text count, but give nothing.
 std::string slice(std::string_view text, std::int64_t start, std::int64_t count) {
   if (count < 0) {
@@ -250,7 +258,7 @@ struct Registration {
 
 // None is declared deterministic: the engine computes such calls ahead of the rows, and an error
 // would then come from a row that is not there.
-constexpr std::array<Registration, 28> registrations{{
+constexpr std::array<Registration, 30> registrations{{
     {"tela_div", 2, call<divide>},
     {"tela_int_div", 2, call<divide_whole>},
     {"tela_mod", 2, call<remainder>},
@@ -275,6 +283,8 @@ constexpr std::array<Registration, 28> registrations{{
     {"tela_datediff", 3, call<date_difference>},
     {"tela_getdate", 0, call<today>},
     {"tela_like", 2, call<like>},
+    {"tela_upper", 1, call<upper>},
+    {"tela_lower", 1, call<lower>},
     {"tela_len", 1, call<length>},
     {"tela_substring", 3, call<substring>},
     {"tela_left", 2, call<left>},

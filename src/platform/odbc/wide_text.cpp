@@ -34,27 +34,6 @@ void append(char32_t code, std::u16string& out) {
   out += static_cast<char16_t>(0xDC00 + ((code - 0x10000) & 0x3FFU));
 }
 
-void append(char32_t code, std::string& out) {
-  const auto tail = [&](unsigned shift) {
-    out += static_cast<char>(0x80U | ((code >> shift) & 0x3FU));
-  };
-  if (code < 0x80) {
-    out += static_cast<char>(code);
-  } else if (code < 0x800) {
-    out += static_cast<char>(0xC0U | (code >> 6U));
-    tail(0);
-  } else if (code < 0x10000) {
-    out += static_cast<char>(0xE0U | (code >> 12U));
-    tail(6);
-    tail(0);
-  } else {
-    out += static_cast<char>(0xF0U | (code >> 18U));
-    tail(12);
-    tail(6);
-    tail(0);
-  }
-}
-
 }  // namespace
 
 std::u16string to_utf16(std::string_view utf8) {
@@ -67,7 +46,7 @@ std::u16string to_utf16(std::string_view utf8) {
 std::string to_utf8(std::u16string_view utf16) {
   std::string out;
   out.reserve(utf16.size());
-  while (!utf16.empty()) append(take_character(utf16), out);
+  while (!utf16.empty()) append_character(out, take_character(utf16));
   return out;
 }
 

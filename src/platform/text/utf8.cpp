@@ -38,6 +38,27 @@ char32_t take_character(std::string_view& text) {
   return code;
 }
 
+void append_character(std::string& text, char32_t character) {
+  const auto append_tail = [&](unsigned shift) {
+    text += static_cast<char>(0x80U | ((character >> shift) & 0x3FU));
+  };
+  if (character < 0x80) {
+    text += static_cast<char>(character);
+  } else if (character < 0x800) {
+    text += static_cast<char>(0xC0U | (character >> 6U));
+    append_tail(0);
+  } else if (character < 0x10000) {
+    text += static_cast<char>(0xE0U | (character >> 12U));
+    append_tail(6);
+    append_tail(0);
+  } else {
+    text += static_cast<char>(0xF0U | (character >> 18U));
+    append_tail(12);
+    append_tail(6);
+    append_tail(0);
+  }
+}
+
 std::size_t character_count(std::string_view text) {
   std::size_t count = 0;
   for (; !text.empty(); ++count) take_character(text);

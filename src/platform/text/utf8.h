@@ -14,6 +14,9 @@ inline constexpr char32_t kNotACharacter = 0xFFFD;
 /// Takes the first character off `text`, which must not be empty, and returns its code point.
 char32_t take_character(std::string_view& text);
 
+/// Appends a character by its code point, which must be one.
+void append_character(std::string& text, char32_t character);
+
 /// The number of characters in `text`.
 std::size_t character_count(std::string_view text);
 

@@ -121,8 +121,7 @@ void Binder::bind_choice(Expr& call) {
     for (const ExprPtr& arg : call.args) type = common_type(type, arg->type, arg->position);
   }
   for (ExprPtr& arg : call.args) {
-    const bool narrows =
-        is_numeric(type) && is_numeric(arg->type) && call.function->name == "isnull";
+    const bool narrows = is_numeric(type) && call.function->name == "isnull";
     narrows ? assign(arg, type, {}) : unify(arg, type);
   }
   call.type = type;

@@ -61,6 +61,9 @@ std::vector<ResultColumn> Binder::bind_query(Select& select, Scope* outer) {
   for (Select* core = &select; core != nullptr; core = core->union_with.get()) {
     for (std::size_t i = 0; i < columns.size(); ++i) unify(core->items[i].value, columns[i].type);
   }
+  for (Select* core = &select; core != nullptr; core = core->union_with.get()) {
+    add_union_types(columns, *core);  // the number of a str may have more decimals than was known
+  }
   bind_order_by(select, nullptr);
   return columns;
 }

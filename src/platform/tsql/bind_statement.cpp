@@ -83,9 +83,9 @@ void Binder::bind(Insert& insert) {
   bind_target_columns(insert);
   const std::size_t expected = insert.columns.size();
   if (insert.select) {
-    const std::vector<ResultColumn> columns = bind_query(*insert.select, nullptr);
+    std::vector<ResultColumn> columns = bind_query(*insert.select, nullptr);
     if (columns.size() != expected) throw_count(insert, has_list, columns.size() > expected);
-    bind_source(insert, columns);
+    bind_source(insert, std::move(columns));
     return;
   }
   if (insert.rows.size() > most_rows) {
@@ -124,14 +124,22 @@ void Binder::bind_rows(Insert& insert) {
   }
 }
 
-void Binder::bind_source(Insert& insert, const std::vector<ResultColumn>& columns) {
+void Binder::bind_source(Insert& insert, std::vector<ResultColumn> columns) {
+  const auto target = [&](std::size_t i) -> const ColumnInfo& {
+    return column_of(*insert.info, insert.columns[i], insert.position);
+  };
+  for (std::size_t i = 0; i < columns.size() && !insert.select->union_with; ++i) {
+    ExprPtr& value = insert.select->items[i].value;
+    if (!is_str_call(*value)) continue;
+    unify(value, target(i).type);
+    columns[i].type = value->type;
+  }
   if (insert.select->distinct || insert.select->union_with) {
     derived_.push_back(std::make_unique<TableInfo>());
     insert.select = select_from(std::move(insert.select), columns, *derived_.back(), ++sources_);
   }
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    const ColumnInfo& column = column_of(*insert.info, insert.columns[i], insert.position);
-    assign(insert.select->items[i].value, column.type, {insert.info->name, column.name});
+    assign(insert.select->items[i].value, target(i).type, {insert.info->name, target(i).name});
   }
 }
 

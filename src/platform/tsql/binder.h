@@ -92,7 +92,7 @@ class Binder {
   // Statements.
   void bind_target_columns(Insert& insert) const;
   void bind_rows(Insert& insert);
-  void bind_source(Insert& insert, const std::vector<ResultColumn>& columns);
+  void bind_source(Insert& insert, std::vector<ResultColumn> columns);
   int bind_target(std::vector<TableRef>& from, const std::string& table, std::size_t position,
                   Scope& scope);
 

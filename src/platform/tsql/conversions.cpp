@@ -1,5 +1,6 @@
 #include "platform/tsql/conversions.h"
 
+#include "platform/tsql/functions.h"
 #include "platform/tsql/types.h"
 
 namespace tela::tsql {
@@ -46,6 +47,10 @@ bool is_contained(const Type& source, const Type& target) {
 
 }  // namespace
 
+bool is_str_call(const Expr& expr) {
+  return expr.function != nullptr && expr.function->name == "str";
+}
+
 void unify(ExprPtr& expr, const Type& type) {
   const bool is_same_class =
       expr->type.kind == type.kind || (is_numeric(expr->type) && is_numeric(type));
@@ -55,7 +60,7 @@ void unify(ExprPtr& expr, const Type& type) {
     expr->type = type;
     return;
   }
-  wrap(expr, type, {});
+  wrap(expr, is_str_call(*expr) && is_numeric(type) ? real_type : type, {});
 }
 
 void assign(ExprPtr& expr, const Type& type, const ColumnTarget& target) {

@@ -5,6 +5,11 @@
 
 namespace tela::tsql {
 
+/// Whether the expression is a call of `str`. Where its text goes straight into a number (a numeric
+/// column, arithmetic, a comparison with a number), what arrives is the number, rounded to its
+/// decimals: the asterisks of one that does not fit are for texts that are shown.
+bool is_str_call(const Expr& expr);
+
 /// Brings a bound expression to the class of `type` (number, text, date, time) so that both can
 /// meet in one operation. A literal is converted when it is bound, anything else by a conversion
 /// node. Numbers of all kinds meet as they are. Throws CompileError for a number that meets a date.

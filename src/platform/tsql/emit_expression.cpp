@@ -1,6 +1,7 @@
 // Expressions in SQLite's words. Whatever is made of parts is written in brackets.
 #include <algorithm>
 
+#include "platform/tsql/conversions.h"
 #include "platform/tsql/emitter.h"
 #include "platform/tsql/functions.h"
 #include "platform/tsql/types.h"
@@ -332,15 +333,16 @@ void Emitter::emit_conversion(const Expr& expr) {
       return emit_text_conversion(expr);
     case TypeKind::integer:
       write("tela_to_int(");
-      emit(value);
+      emit_number(value);
       return write_numbers({type.precision});
     case TypeKind::decimal:
       write("tela_to_decimal(");
-      emit(value);
+      emit_number(value);
       return write_numbers({type.precision, type.scale});
     case TypeKind::real:
       write("tela_to_real(");
-      break;
+      emit_number(value);
+      return write(")");
     case TypeKind::date:
       write(value.type.kind == TypeKind::date ? "(" : "tela_to_date(");
       break;
@@ -352,6 +354,16 @@ void Emitter::emit_conversion(const Expr& expr) {
       break;
   }
   emit(value);
+  write(")");
+}
+
+// What is turned into a number.
+void Emitter::emit_number(const Expr& value) {
+  if (!is_str_call(value) || value.is_group_key) return emit(value);
+  write("tela_round(");
+  emit(*value.args[0]);
+  write(", ");
+  value.args.size() > 2 ? emit(*value.args[2]) : write("0");
   write(")");
 }
 

@@ -64,6 +64,7 @@ class Emitter {
   void emit_aggregate(const Expr& expr);
   void emit_aggregate_of(std::string_view function, const Expr& expr, std::string_view collation);
   void emit_conversion(const Expr& expr);
+  void emit_number(const Expr& value);
   void emit_text_conversion(const Expr& expr);
   void emit_as_text(const Expr& value, int style);
   void emit_list(const std::vector<ExprPtr>& exprs, std::size_t first = 0);

@@ -31,8 +31,8 @@ const std::vector<Function>& functions() {
       {"ceiling", "tela_ceiling", Kind::plain, Result::first, 1, {Arg::number}},
       {"str", "tela_str", Kind::plain, Result::text, 1, {Arg::number, Arg::whole, Arg::whole}},
 
-      {"upper", "upper", Kind::plain, Result::text, 1, {Arg::text}},
-      {"lower", "lower", Kind::plain, Result::text, 1, {Arg::text}},
+      {"upper", "tela_upper", Kind::plain, Result::text, 1, {Arg::text}},
+      {"lower", "tela_lower", Kind::plain, Result::text, 1, {Arg::text}},
       {"ltrim", "ltrim", Kind::plain, Result::text, 1, {Arg::text}},
       {"rtrim", "rtrim", Kind::plain, Result::text, 1, {Arg::text}},
       {"trim", "trim", Kind::plain, Result::text, 1, {Arg::text}},

@@ -4,7 +4,9 @@
 #include <array>
 #include <cstdint>
 
+#include "platform/text/letters.h"
 #include "platform/text/strings.h"
+#include "platform/text/utf8.h"
 
 namespace tela::tsql {
 namespace {
@@ -35,30 +37,49 @@ constexpr std::array<std::uint8_t, 128> ascii_weights() {
 }
 constexpr auto weights = ascii_weights();
 
-// Takes the weight of the next character off the front. Above ASCII the bytes themselves keep the
-// order of the code points; only the Latin-1 capitals (C3 80 … C3 9E) fold to their small letters.
+/// What a character sorts by: the letter, then its accent.
+struct Weight {
+  unsigned letter = 0;
+  unsigned accent = 0;
+};
+
+// Behind all that ASCII has: other letters in the order of their code points, then bytes that are
+// no characters.
+constexpr unsigned first_other = 0x100;
+constexpr unsigned first_stray_byte = 0x200000;
+
+Weight weight_of(char32_t character) {
+  if (character < weights.size()) return {weights[character], 0};
+  const char32_t base = base_letter(character);
+  const auto small = static_cast<unsigned>(lower_case(character));
+  if (base == 0) return {first_other + small, 0};
+  return {weight_of(base).letter, small};
+}
+
+// Takes the weight of the next character off the front; behind the end there are blanks.
 class Weights {
  public:
   explicit Weights(std::string_view text) : text_(text) {}
 
-  bool at_end() const { return position_ == text_.size(); }
+  bool at_end() const { return text_.empty(); }
 
-  unsigned next() {
-    if (at_end()) return weights[' '];
-    const auto byte = static_cast<unsigned char>(text_[position_++]);
-    if (byte < 128) {
-      after_c3_ = false;
-      return weights[byte];
-    }
-    const bool latin_capital = after_c3_ && byte >= 0x80 && byte <= 0x9E && byte != 0x97;
-    after_c3_ = byte == 0xC3;
-    return latin_capital ? byte + 0x20U : byte;
+  Weight next() {
+    if (at_end()) return {weights[' '], 0};
+    const auto byte = static_cast<unsigned char>(text_.front());
+    if (byte >= weights.size()) return next_of_several_bytes(byte);
+    text_.remove_prefix(1);
+    return {weights[byte], 0};
   }
 
  private:
+  Weight next_of_several_bytes(unsigned byte) {
+    const std::size_t size = text_.size();
+    const char32_t character = take_character(text_);
+    const bool is_stray = size - text_.size() == 1;
+    return is_stray ? Weight{first_stray_byte + byte, 0} : weight_of(character);
+  }
+
   std::string_view text_;
-  std::size_t position_ = 0;
-  bool after_c3_ = false;
 };
 
 // One member of a like set: a character or a range, taken off the front of `set`.
@@ -131,18 +152,23 @@ PatternElement take_element(std::string_view& pattern) {
 int compare_texts(std::string_view left, std::string_view right) {
   Weights a(left);
   Weights b(right);
+  int by_accent = 0;
   while (!a.at_end() || !b.at_end()) {
-    const unsigned x = a.next();
-    const unsigned y = b.next();
-    if (x != y) return x < y ? -1 : 1;
+    const Weight x = a.next();
+    const Weight y = b.next();
+    if (x.letter != y.letter) return x.letter < y.letter ? -1 : 1;
+    if (by_accent == 0 && x.accent != y.accent) by_accent = x.accent < y.accent ? -1 : 1;
   }
-  return 0;
+  return by_accent;
 }
 
 std::size_t hash_text(std::string_view text) {
   Weights characters_of(without_trailing_blanks(text));
   std::uint64_t hash = 0xCBF29CE484222325U;
-  while (!characters_of.at_end()) hash = (hash ^ characters_of.next()) * 0x100000001B3U;
+  while (!characters_of.at_end()) {
+    const Weight weight = characters_of.next();
+    hash = (hash ^ weight.letter ^ (weight.accent << 8U)) * 0x100000001B3U;
+  }
   return hash;
 }
 

@@ -8,8 +8,9 @@
 namespace tela::tsql {
 
 /// Below 0, 0 or above 0 as `left` sorts before, with or behind `right`. The shorter text counts as
-/// padded with blanks; letters sort behind digits, those behind other signs; only ASCII and Latin-1
-/// letters have a case.
+/// padded with blanks; letters sort behind digits, those behind other signs. A letter with an
+/// accent sorts by the letter, and differs from it where all else is equal: "été" stands behind
+/// "ete" and ahead of "etf". Letters of other scripts follow in the order of their code points.
 int compare_texts(std::string_view left, std::string_view right);
 
 /// Equal for texts that compare as equal.
