@@ -12,6 +12,7 @@
 #include "platform/printer/printer_port.h"
 #include "platform/report/report_engine.h"
 #include "platform/sheet/sheet_port.h"
+#include "platform/way_back/kept_rows.h"
 
 namespace tela {
 
@@ -29,6 +30,8 @@ struct Platform {
   ChartPictures chart_pictures;
   /// The workbooks; empty where there is no way to them.
   std::unique_ptr<SheetPort> sheets;
+  /// Keeps the rows that an action removes or rewrites.
+  RowKeeper keep_rows;
 };
 
 struct AppState {

@@ -11,6 +11,7 @@
 #include "platform/report/banded_engine.h"
 #include "platform/sheet/csv_sheets.h"
 #include "platform/text/number_text.h"
+#include "platform/way_back/kept_folder.h"
 #include "report_framework/sheet_layouts.h"
 #include "screens/registry.h"
 #include "shell/sql_value.h"
@@ -74,6 +75,9 @@ Shop::Shop()
     return std::make_unique<MemoryPort>(printed_bytes_[std::string(name)]);
   };
   platform_.sheets = tell_sheets(make_csv_sheets(paths_, folder_ / "sheets"), display_);
+  platform_.keep_rows = [this](std::string_view screen) {
+    return keep_in_folder(paths_.way_back(), screen);
+  };
   windows_ = std::make_unique<Windows>(all_screens());
   state_ = std::make_unique<AppState>(platform_, display_, *windows_);
   windows_->create_login(*state_);

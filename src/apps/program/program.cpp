@@ -8,6 +8,7 @@
 #include "platform/catalogue/catalogue_client.h"
 #include "platform/printer/open_port.h"
 #include "platform/report/banded_engine.h"
+#include "platform/way_back/kept_folder.h"
 #include "screens/registry.h"
 
 namespace tela {
@@ -40,6 +41,9 @@ Platform make_platform(const Paths& paths) {
         share_folder("reports"), log_line});
   };
   platform.open_port = [paths](std::string_view name) { return open_port(name, paths); };
+  platform.keep_rows = [paths](std::string_view screen) {
+    return keep_in_folder(paths.way_back(), screen);
+  };
   return platform;
 }
 

@@ -41,6 +41,9 @@ class CatalogueConnection : public Connection {
   }
 
   RowSet execute(std::string_view sql) override { return opened().execute(sql); }
+  void read_each(std::string_view sql, const RowVisitor& visit) override {
+    opened().read_each(sql, visit);
+  }
   void begin_trans() override { opened().begin_trans(); }
   void commit_trans() override { opened().commit_trans(); }
   void rollback_trans() override { opened().rollback_trans(); }

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -41,6 +42,10 @@ struct RowSet {
   std::vector<Field> fields;
   std::vector<std::vector<Value>> rows;
 };
+
+/// Takes one row of a query: all fields, and the row's values in their order, which stand for the
+/// call alone. It must run nothing on the connection that it reads from.
+using RowVisitor = std::function<void(std::span<const Field>, std::span<const Value>)>;
 
 /// A failed statement or connection, in the engine's words. Carries no password.
 class DatabaseError : public std::runtime_error {
@@ -87,6 +92,13 @@ class Connection {
 
   /// Runs one T-SQL statement and returns its rows, if it has any.
   virtual RowSet execute(std::string_view sql) = 0;
+
+  /// Runs one query and hands its rows to `visit` as they come: memory does not grow with them in
+  /// an adapter that has a way of its own for it. A column whose type only the whole of its rows
+  /// would show (date and time of day in one) is typed value by value. The command time-out holds
+  /// until the first row comes; from then on `visit` decides how long it takes. What `visit` throws
+  /// ends the reading and goes on up.
+  virtual void read_each(std::string_view sql, const RowVisitor& visit);
 
   virtual void begin_trans() = 0;
   virtual void commit_trans() = 0;

@@ -2,6 +2,11 @@
 
 namespace tela {
 
+void Connection::read_each(std::string_view sql, const RowVisitor& visit) {
+  const RowSet rows = execute(sql);
+  for (const std::vector<Value>& row : rows.rows) visit(rows.fields, row);
+}
+
 void Recordset::open(std::string_view sql, Connection& connection) {
   if (open_) throw DatabaseError(DatabaseError::Kind::other, "The recordset is already open.");
   rows_ = connection.execute(sql);

@@ -180,13 +180,28 @@ void EmbeddedSession::set_command_timeout(std::chrono::seconds timeout) {
 }
 
 RowSet EmbeddedSession::execute(std::string_view sql) {
+  RowSet rows;
+  rows.fields = attempt(sql, [&](std::span<const Field>, std::vector<Value>& row) {
+    rows.rows.push_back(std::move(row));
+  });
+  return rows;
+}
+
+void EmbeddedSession::read_each(std::string_view sql, const RowVisitor& visit) {
+  attempt(sql, [&](std::span<const Field> fields, std::vector<Value>& row) {
+    open_->clock.start(std::chrono::seconds(0));
+    visit(fields, row);
+  });
+}
+
+std::vector<Field> EmbeddedSession::attempt(std::string_view sql, const RowTaker& take) {
   OpenFile& file = opened();
   file.transaction.require_standing();
   file.clock.start(timeout_);
   try {
-    RowSet rows = run(sql);
+    std::vector<Field> fields = run(sql, take);
     if (!file.transaction.is_open()) tend_log();
-    return rows;
+    return fields;
   } catch (const tsql::CompileError& error) {
     throw as_database_error(error);
   } catch (const DatabaseError& error) {
@@ -195,11 +210,11 @@ RowSet EmbeddedSession::execute(std::string_view sql) {
   }
 }
 
-RowSet EmbeddedSession::run(std::string_view sql) {
+std::vector<Field> EmbeddedSession::run(std::string_view sql, const RowTaker& take) {
   notice_schema_changes();
   const tsql::Normalized statement = tsql::normalize(sql);
   if (CachedStatement* known = open_->cache.find(statement)) {
-    if (known->compiled.kind == StatementKind::select) return select(*known, statement);
+    if (known->compiled.kind == StatementKind::select) return select(*known, statement, take);
     change(*known, statement);
     return {};
   }
@@ -209,7 +224,7 @@ RowSet EmbeddedSession::run(std::string_view sql) {
     return {};
   }
   CachedStatement& fresh = open_->cache.add(statement, std::move(compiled));
-  if (fresh.compiled.kind == StatementKind::select) return select(fresh, statement);
+  if (fresh.compiled.kind == StatementKind::select) return select(fresh, statement, take);
   change(fresh, statement);
   return {};
 }
@@ -231,22 +246,25 @@ std::vector<tsql::StoredValue> EmbeddedSession::bind(Statement& statement,
   return values;
 }
 
-RowSet EmbeddedSession::select(CachedStatement& statement, const tsql::Normalized& literals) {
+std::vector<Field> EmbeddedSession::select(CachedStatement& statement,
+                                           const tsql::Normalized& literals, const RowTaker& take) {
   const tsql::Compiled& compiled = statement.compiled;
   open_->transaction.enter(reach_of(compiled));
   Statement& query = prepared(statement.whole, open_->database, compiled.sqlite_sql);
   const auto values = bind(query, compiled, literals);
-  RowSet result;
+  std::vector<Field> fields;
   for (const tsql::ResultColumn& column : compiled.columns)
-    result.fields.push_back({column.name, embedded::field_type(column.type)});
+    fields.push_back({column.name, embedded::field_type(column.type)});
   const Run run(query);
+  std::vector<Value> row;
   while (query.step()) {
-    std::vector<Value>& row = result.rows.emplace_back();
+    row.clear();
     row.reserve(compiled.columns.size());
     for (std::size_t i = 0; i < compiled.columns.size(); ++i)
       row.push_back(embedded::read_value(query, static_cast<int>(i), compiled.columns[i].type));
+    take(fields, row);
   }
-  return result;
+  return fields;
 }
 
 void EmbeddedSession::change(CachedStatement& statement, const tsql::Normalized& literals) {

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -29,6 +31,7 @@ class EmbeddedSession : public Connection {
   void set_cursor_location(CursorLocation) override {}
   void set_command_timeout(std::chrono::seconds timeout) override;
   RowSet execute(std::string_view sql) override;
+  void read_each(std::string_view sql, const RowVisitor& visit) override;
   void begin_trans() override;
   void commit_trans() override;
   void rollback_trans() override;
@@ -61,12 +64,19 @@ class EmbeddedSession : public Connection {
 
   OpenFile& opened() const;
   void notice_schema_changes();
-  RowSet run(std::string_view sql);
+  /// As RowVisitor; the row may be moved away.
+  using RowTaker = std::function<void(std::span<const Field>, std::vector<Value>&)>;
+
+  /// Runs a statement from its start to its end; the rows of a select go to `take`. Gives its
+  /// fields.
+  std::vector<Field> attempt(std::string_view sql, const RowTaker& take);
+  std::vector<Field> run(std::string_view sql, const RowTaker& take);
   /// Readies a statement to run now. The values must stand while it runs.
   std::vector<tsql::StoredValue> bind(embedded::Statement& statement,
                                       const tsql::Compiled& compiled,
                                       const tsql::Normalized& literals);
-  RowSet select(embedded::CachedStatement& statement, const tsql::Normalized& literals);
+  std::vector<Field> select(embedded::CachedStatement& statement, const tsql::Normalized& literals,
+                            const RowTaker& take);
   void change(embedded::CachedStatement& statement, const tsql::Normalized& literals);
   void insert_aside(embedded::CachedStatement& statement, const tsql::Normalized& literals);
   void define(const tsql::Compiled& compiled, std::string_view sql);

@@ -162,6 +162,15 @@ bool read_text(SQLHSTMT statement, SQLUSMALLINT position, DriverText form, Value
   return true;
 }
 
+bool is_midnight(std::string_view timestamp) {
+  return timestamp.substr(kDayLength + 1) == kMidnight;
+}
+
+bool is_on_day_zero(std::string_view timestamp) {
+  const std::string_view day = timestamp.substr(0, kDayLength);
+  return std::find(kDaysZero.begin(), kDaysZero.end(), day) != kDaysZero.end();
+}
+
 /// What the timestamps of one column turn out to be.
 FieldType timestamp_kind(const RowSet& rows, std::size_t column) {
   bool all_midnight = true;
@@ -169,10 +178,8 @@ FieldType timestamp_kind(const RowSet& rows, std::size_t column) {
   for (const auto& row : rows.rows) {
     const auto* text = std::get_if<std::string>(&row[column]);
     if (text == nullptr) continue;
-    const std::string_view at = *text;
-    all_midnight = all_midnight && at.substr(kDayLength + 1) == kMidnight;
-    all_day_zero = all_day_zero && std::find(kDaysZero.begin(), kDaysZero.end(),
-                                             at.substr(0, kDayLength)) != kDaysZero.end();
+    all_midnight = all_midnight && is_midnight(*text);
+    all_day_zero = all_day_zero && is_on_day_zero(*text);
   }
   if (all_midnight) return FieldType::date;
   return all_day_zero ? FieldType::time : FieldType::text;
@@ -246,6 +253,19 @@ void settle_timestamps(const std::vector<Column>& columns, RowSet& rows) {
       const auto* text = std::get_if<std::string>(&row[column]);
       if (text == nullptr) continue;
       row[column] = kind == FieldType::date ? Value(day_of(*text)) : Value(time_of(*text));
+    }
+  }
+}
+
+void settle_timestamps(const std::vector<Column>& columns, std::vector<Value>& row) {
+  for (std::size_t column = 0; column < columns.size(); ++column) {
+    if (columns[column].fetch != Fetch::timestamp) continue;
+    const auto* text = std::get_if<std::string>(&row[column]);
+    if (text == nullptr) continue;
+    if (is_midnight(*text)) {
+      row[column] = day_of(*text);
+    } else if (is_on_day_zero(*text)) {
+      row[column] = time_of(*text);
     }
   }
 }

@@ -33,4 +33,8 @@ bool read_value(SQLHSTMT statement, SQLUSMALLINT position, const Column& column,
 /// times, others stay texts, so that nothing of them is lost.
 void settle_timestamps(const std::vector<Column>& columns, RowSet& rows);
 
+/// Settles the columns of date and time of day in one row by itself: midnight is a date, a day zero
+/// of times a time, any other stays a text. Each form brings back the same moment.
+void settle_timestamps(const std::vector<Column>& columns, std::vector<Value>& row);
+
 }  // namespace tela::odbc

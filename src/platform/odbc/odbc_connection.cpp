@@ -30,6 +30,7 @@ class OdbcConnection final : public Connection {
   void set_cursor_location(CursorLocation /*location*/) override {}
   void set_command_timeout(std::chrono::seconds timeout) override { timeout_ = timeout; }
   RowSet execute(std::string_view sql) override;
+  void read_each(std::string_view sql, const RowVisitor& visit) override;
   void begin_trans() override;
   void commit_trans() override;
   void rollback_trans() override;
@@ -126,6 +127,14 @@ RowSet OdbcConnection::execute(std::string_view sql) {
     RowSet rows = session_->run(sql, timeout_);
     changed_ = true;
     return rows;
+  });
+}
+
+void OdbcConnection::read_each(std::string_view sql, const RowVisitor& visit) {
+  require_not_gone();
+  guarded([&] {
+    session_->read_each(sql, timeout_, visit);
+    changed_ = true;
   });
 }
 

@@ -36,6 +36,12 @@ bool went_well(SQLRETURN result) {
   return SQL_SUCCEEDED(result) || result == SQL_NO_DATA;
 }
 
+std::vector<Field> fields_of(const std::vector<Column>& columns) {
+  std::vector<Field> fields;
+  for (const Column& column : columns) fields.push_back(column.field);
+  return fields;
+}
+
 }  // namespace
 
 Session::Session(const std::string& odbc_text, DriverText form)
@@ -62,35 +68,55 @@ void Session::fail(SQLSMALLINT handle_type, SQLHANDLE handle, bool connecting) c
 }
 
 RowSet Session::run(std::string_view sql, std::chrono::seconds timeout) {
-  const StatementHandle statement(connection_.get());
-  if (!statement) fail(SQL_HANDLE_DBC, connection_.get(), false);
-  prepare_statement(statement.get(), timeout);
   std::optional<RowSet> rows;
-  SQLRETURN result = execute_direct(statement.get(), sql, form_);
-  do {
-    if (!went_well(result)) fail(SQL_HANDLE_STMT, statement.get(), false);
-    if (!rows) {
-      const std::vector<Column> columns = describe_columns(statement.get(), form_);
-      if (!columns.empty()) rows = fetch_rows(statement, columns);
-    }
-    result = SQLMoreResults(statement.get());
-  } while (result != SQL_NO_DATA);
+  run_batch(sql, timeout, [&](const StatementHandle& statement, const auto& columns) {
+    if (rows) return;
+    rows.emplace();
+    rows->fields = fields_of(columns);
+    fetch_rows(statement, columns,
+               [&](std::vector<Value>& row) { rows->rows.push_back(std::move(row)); });
+    settle_timestamps(columns, *rows);
+  });
   return rows ? std::move(*rows) : RowSet{};
 }
 
-RowSet Session::fetch_rows(const StatementHandle& statement, const std::vector<Column>& columns) {
-  RowSet rows;
-  for (const Column& column : columns) rows.fields.push_back(column.field);
+void Session::read_each(std::string_view sql, std::chrono::seconds timeout,
+                        const RowVisitor& visit) {
+  run_batch(sql, timeout, [&](const StatementHandle& statement, const auto& columns) {
+    const std::vector<Field> fields = fields_of(columns);
+    fetch_rows(statement, columns, [&](std::vector<Value>& row) {
+      settle_timestamps(columns, row);
+      visit(fields, row);
+    });
+  });
+}
+
+void Session::run_batch(std::string_view sql, std::chrono::seconds timeout,
+                        const ResultTaker& take) {
+  const StatementHandle statement(connection_.get());
+  if (!statement) fail(SQL_HANDLE_DBC, connection_.get(), false);
+  prepare_statement(statement.get(), timeout);
+  SQLRETURN result = execute_direct(statement.get(), sql, form_);
+  do {
+    if (!went_well(result)) fail(SQL_HANDLE_STMT, statement.get(), false);
+    const std::vector<Column> columns = describe_columns(statement.get(), form_);
+    if (!columns.empty()) take(statement, columns);
+    result = SQLMoreResults(statement.get());
+  } while (result != SQL_NO_DATA);
+}
+
+void Session::fetch_rows(const StatementHandle& statement, const std::vector<Column>& columns,
+                         const RowTaker& take) const {
   SQLRETURN result = SQL_SUCCESS;
+  std::vector<Value> row;
   while (SQL_SUCCEEDED(result = SQLFetch(statement.get()))) {
-    std::vector<Value>& row = rows.rows.emplace_back(columns.size());
+    row.resize(columns.size());
     for (std::size_t i = 0; i < columns.size(); ++i)
       if (!read_value(statement.get(), static_cast<SQLUSMALLINT>(i + 1), columns[i], form_, row[i]))
         fail(SQL_HANDLE_STMT, statement.get(), false);
+    take(row);
   }
   if (result != SQL_NO_DATA) fail(SQL_HANDLE_STMT, statement.get(), false);
-  settle_timestamps(columns, rows);
-  return rows;
 }
 
 void Session::begin() {

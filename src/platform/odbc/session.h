@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,6 +28,9 @@ class Session {
   /// results are run to their end, so that a failure among them is not passed over.
   RowSet run(std::string_view sql, std::chrono::seconds timeout);
 
+  /// Runs one batch unchanged and hands the rows of its results to `visit` as they come.
+  void read_each(std::string_view sql, std::chrono::seconds timeout, const RowVisitor& visit);
+
   void begin();
   void commit();
   void roll_back();
@@ -35,10 +39,16 @@ class Session {
   bool alive() const;
 
  private:
+  using ResultTaker = std::function<void(const StatementHandle&, const std::vector<Column>&)>;
+  using RowTaker = std::function<void(std::vector<Value>&)>;
+
   [[noreturn]] void fail(SQLSMALLINT handle_type, SQLHANDLE handle, bool connecting) const;
   void set_autocommit(bool on);
   void end_transaction(SQLSMALLINT how);
-  RowSet fetch_rows(const StatementHandle& statement, const std::vector<Column>& columns);
+  /// Runs a batch to its end; each of its results that has rows goes to `take` while it is open.
+  void run_batch(std::string_view sql, std::chrono::seconds timeout, const ResultTaker& take);
+  void fetch_rows(const StatementHandle& statement, const std::vector<Column>& columns,
+                  const RowTaker& take) const;
 
   DriverText form_;
   PasswordScrubber passwords_;

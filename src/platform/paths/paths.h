@@ -28,6 +28,9 @@ class Paths {
   /// The folder that holds the printer ports by name.
   std::filesystem::path ports() const { return root_ / "ports"; }
 
+  /// The folder that holds the rows kept by actions that removed or rewrote them.
+  std::filesystem::path way_back() const { return root_ / "way_back"; }
+
   /// The embedded file of a catalogue: <root>/<catalogue>.db.
   std::filesystem::path embedded_catalogue(std::string_view catalogue) const;
 

@@ -8,6 +8,9 @@ namespace {
 
 constexpr int most_unions = 100;
 
+constexpr std::string_view lock_hints[] = {"holdlock", "serializable", "updlock", "tablock",
+                                           "tablockx"};
+
 }  // namespace
 
 // select := core [union [all] core]… [order by item, …]
@@ -109,7 +112,7 @@ std::vector<TableRef> Parser::parse_from() {
   return tables;
 }
 
-// table := name [[as] alias] | (select) [as] alias
+// table := name [[as] alias] [with (hint, …)] | (select) [as] alias
 TableRef Parser::parse_table() {
   TableRef table;
   table.position = cursor_.current().position;
@@ -122,7 +125,19 @@ TableRef Parser::parse_table() {
   }
   table.table = parse_object_name("a table");
   if (cursor_.accept("as") || cursor_.at_name()) table.alias = cursor_.expect_name("an alias");
+  if (cursor_.accept("with")) pass_lock_hints();
   return table;
+}
+
+// A server locks rows as the hints say. Here a transaction that reads holds the right to write, and
+// a reader sees one state throughout, so that there is nothing to ask for.
+void Parser::pass_lock_hints() {
+  cursor_.expect("(");
+  do {
+    const auto is_next = [&](std::string_view hint) { return cursor_.accept(hint); };
+    if (std::ranges::none_of(lock_hints, is_next)) cursor_.fail("a lock hint");
+  } while (cursor_.accept(","));
+  cursor_.expect(")");
 }
 
 // join := , | [inner] join | (left | right | full) [outer] join | cross join

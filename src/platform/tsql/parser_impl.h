@@ -58,6 +58,7 @@ class Parser {
   void parse_alias(SelectItem& item);
   std::vector<TableRef> parse_from();
   TableRef parse_table();
+  void pass_lock_hints();
   bool accept_join(JoinKind& join);
   std::vector<OrderItem> parse_order_by();
 
