@@ -30,6 +30,9 @@ CellSource date_field(int position, std::string mask) {
 CellSource time_field(int position, std::string mask) {
   return {position, CellForm::time, std::move(mask)};
 }
+CellSource worked_out(std::function<std::string(const Recordset&)> text) {
+  return {.worked_out = std::move(text)};
+}
 
 namespace {
 

@@ -21,11 +21,13 @@ enum class CellForm {
   time,         ///< under a time mask
 };
 
-/// The source of a column's cells: a field of the query by its position, or the row number.
+/// The source of a column's cells: a field of the query by its position, the row number, or what is
+/// worked out of the row's fields.
 struct CellSource {
   int field = kRowNumber;
   CellForm form = CellForm::as_it_comes;
   std::string mask = {};
+  std::function<std::string(const Recordset&)> worked_out = {};  ///< goes ahead of the others
 
   static constexpr int kRowNumber = -1;
 };
@@ -37,6 +39,8 @@ CellSource number_field(int position, std::string mask);
 CellSource val_field(int position, std::string mask);
 CellSource date_field(int position, std::string mask);
 CellSource time_field(int position, std::string mask);
+/// The function gets the recordset on the row.
+CellSource worked_out(std::function<std::string(const Recordset&)> text);
 
 /// The box that sums a column, under the mask that each step of the sum is written with.
 struct ColumnTotal {

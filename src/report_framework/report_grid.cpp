@@ -16,7 +16,7 @@ ReportGrid::ReportGrid(Form& form, GridColumns columns, GridLook look)
     cells().SetColWidth(static_cast<int>(col), columns_[col].width);
     if (!columns_[col].total.box.empty()) form_->at(columns_[col].total.box);
   }
-  RowHeading();
+  if (look_.headed_at_load) RowHeading();
 }
 
 double ReportGrid::number(int row, int col) const {
@@ -39,14 +39,15 @@ void ReportGrid::show(AppState& app, std::string_view sql,
 
 namespace {
 
+std::string text_from(const CellSource& source, int row, const Recordset& rs) {
+  if (source.worked_out) return source.worked_out(rs);
+  if (source.field == CellSource::kRowNumber) return std::to_string(row);
+  return cell_text(rs.field(source.field), source);
+}
+
 void write_row(Grid& grid, int row, const Recordset& rs, const GridColumns& columns) {
-  for (std::size_t col = 0; col < columns.size(); ++col) {
-    const CellSource& source = columns[col].source;
-    grid.SetTextMatrix(row, static_cast<int>(col),
-                       source.field == CellSource::kRowNumber
-                           ? std::to_string(row)
-                           : cell_text(rs.field(source.field), source));
-  }
+  for (std::size_t col = 0; col < columns.size(); ++col)
+    grid.SetTextMatrix(row, static_cast<int>(col), text_from(columns[col].source, row, rs));
 }
 
 }  // namespace
@@ -77,7 +78,7 @@ void ReportGrid::RowHeading() const {
 }
 
 void ReportGrid::TotalAll() const {
-  const int rows = cells().Rows();
+  const int rows = cells().Rows() - (look_.size == FillSize::blank_row_behind ? 1 : 0);
   for (std::size_t col = 0; col < columns_.size(); ++col) {
     const ColumnTotal& total = columns_[col].total;
     if (total.box.empty()) continue;

@@ -36,13 +36,14 @@ struct GridLook {
   FillSize size = FillSize::exact;
   std::optional<int> counted_by = {};  ///< only rows whose number in this column is above 0 count
                                        ///< in the totals; nothing: all rows count
+  bool headed_at_load = true;          ///< false: the headings come with the first rows
 };
 
 class ReportGrid {
  public:
-  /// Sets the widths and writes the headings. `form` must outlive this object. Throws
-  /// std::logic_error if the grid or a total box is not among its controls, or if the grid has
-  /// another number of columns.
+  /// Sets the widths and, if the look says so, writes the headings. `form` must outlive this
+  /// object. Throws std::logic_error if the grid or a total box is not among its controls, or if
+  /// the grid has another number of columns.
   ReportGrid(Form& form, GridColumns columns, GridLook look = {});
 
   Grid& cells() const { return form_->grid(look_.name); }
@@ -69,7 +70,8 @@ class ReportGrid {
   /// Writes each header into row 0.
   void RowHeading() const;
   /// Sums each column that has a total box through the text of the box, so that each step is
-  /// rounded by its mask.
+  /// rounded by its mask. A blank row behind the last is none of the rows: without a record the
+  /// boxes show "0".
   void TotalAll() const;
   void ChangeCellColour() const;
 

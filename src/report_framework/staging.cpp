@@ -62,9 +62,14 @@ std::string GridRow::time(int col) const {
 
 namespace {
 
+bool counts(const ReportGrid& grid, int row, const Staging& staging) {
+  return staging.any_text_counts ? !grid.cell(row, staging.counted_by).empty()
+                                 : grid.number(row, staging.counted_by) > 0;
+}
+
 void insert_rows(AppState& app, const ReportGrid& grid, const Staging& staging) {
   for (app.RowNo = 1; app.RowNo < grid.cells().Rows(); ++app.RowNo)
-    if (grid.number(app.RowNo, staging.counted_by) > 0)
+    if (counts(grid, app.RowNo, staging))
       app.Con->execute(staging.insert + sql_list(staging.values({grid, app.RowNo})) + ")");
 }
 

@@ -47,9 +47,10 @@ enum class StagingTransactions {
 };
 
 struct Staging {
-  std::string clear;   ///< the statement that empties the table
-  std::string insert;  ///< the insert up to its opening bracket
-  int counted_by = 0;  ///< a row without a number above 0 in this column is passed over
+  std::string clear;             ///< the statement that empties the table
+  std::string insert;            ///< the insert up to its opening bracket
+  int counted_by = 0;            ///< a row without a number above 0 in this column is passed over
+  bool any_text_counts = false;  ///< only a row without a text in that column is passed over
   std::function<std::vector<std::string>(const GridRow&)> values = {};
   StagingTransactions transactions = StagingTransactions::one;
 };

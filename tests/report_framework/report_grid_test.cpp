@@ -107,6 +107,29 @@ TEST_F(ReportGridTest, CountsOnlyTheRowsThatItsLookCounts) {
   EXPECT_TRUE(grid.cells().Bands().empty());
 }
 
+TEST_F(ReportGridTest, WithoutARecordTheBlankRowIsNoRow) {
+  const ReportGrid grid = make({.size = FillSize::blank_row_behind, .headed_at_load = false});
+  EXPECT_EQ(grid.cell(0, 0), "");
+  grid.show(app, "select");
+  EXPECT_EQ(grid.cell(0, 0), "No");
+  EXPECT_EQ(grid.cells().Rows(), 2);
+  EXPECT_EQ(form.text("tTotal"), "0");
+}
+
+TEST_F(ReportGridTest, StagesEveryRowWithAText) {
+  const ReportGrid grid = make();
+  database->rows.rows = {{std::int64_t{-1}, "b", 1.0}, {Value{}, "a", 1.0}};
+  grid.show(app, "select");
+  database->statements.clear();
+  stage_rows(app, grid,
+             {.clear = "delete from T",
+              .insert = "insert into T values(",
+              .any_text_counts = true,
+              .values = [](const GridRow& row) { return std::vector{row.text(1)}; }});
+  EXPECT_THAT(database->statements,
+              ElementsAre("begin", "delete from T", "insert into T values('b')", "commit"));
+}
+
 TEST_F(ReportGridTest, StagesCellsAsValues) {
   const ReportGrid grid = make();
   database->rows.rows = {{std::int64_t{1}, "Amma's", 2.5},
