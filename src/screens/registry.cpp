@@ -3,6 +3,9 @@
 #include "screens/bill_sales/FrmBillView.h"
 #include "screens/bill_sales/bill_list.h"
 #include "screens/bill_sales/frmList.h"
+#include "screens/graphs/frmBarChart.h"
+#include "screens/graphs/frmBarChartCost.h"
+#include "screens/graphs/period_chart.h"
 #include "screens/maintenance/frmCreatT.h"
 #include "screens/profit/frmBillWiseProfit.h"
 #include "screens/profit/frmCatagoryProfit.h"
@@ -28,6 +31,12 @@ std::span<const ScreenEntry> all_screens() {
       {"frmCatagoryProfit", make_screen<frmCatagoryProfit>},
       {"frmBillWiseProfit", make_screen<frmBillWiseProfit>},
       {"frmProfitView", make_screen<frmProfitView>},
+      {"frmBarChart", make_screen<frmBarChart>},
+      {"frmBarChartDay", make_sister<PeriodChartScreen, frmBarChartDay>},
+      {"frmBarChartCatagory", make_sister<PeriodChartScreen, frmBarChartCatagory>},
+      {"frmBarChartCounter", make_sister<PeriodChartScreen, frmBarChartCounter>},
+      {"frmBarChartUser", make_sister<PeriodChartScreen, frmBarChartUser>},
+      {"frmBarChartCost", make_screen<frmBarChartCost>},
       {"frmCreatT", make_screen<frmCreatT>},
   };
   return kScreens;

@@ -54,6 +54,8 @@ class Shop {
                 const std::string& supplier, double stock = 0, double pur_rate = 0);
 
   AppState& state() { return *state_; }
+  /// What stands in for the outside world; a test may put a part of its own in.
+  Platform& platform() { return platform_; }
   const Paths& paths() const { return paths_; }
   /// What has been written to the printer port of that name.
   const std::string& printed(const std::string& port) { return printed_bytes_[port]; }
