@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "platform/chart_qt/picture_clipboard.h"
 #include "shell/main_window.h"
 
 namespace tela::testing {
@@ -34,12 +35,19 @@ class FakeConnection : public Connection {
     if (sql.find("from tword") != sql.npos) rows.rows = {{"THANK YOU", "VISIT AGAIN", ""}};
     if (sql.find("from CrPath") != sql.npos) rows.rows = {{"C:\\Reports"}};
     if (sql.find("from PrinterSet") != sql.npos) rows.rows = {{1.0, "", "LPT1", "", 0.0, 0.0}};
+    if (sql.find("from BarChartYear order") != sql.npos) rows.rows = months();
     if (sql.find("salestemp where billdate") != sql.npos) rows.rows = bills();
     for (auto& row : rows.rows) row.resize(rows.fields.size());
     return rows;
   }
 
  private:
+  static std::vector<std::vector<Value>> months() {
+    return {{"January", std::int64_t{1}, std::int64_t{2024}, 100000.0},
+            {"February", std::int64_t{2}, std::int64_t{2024}, 200000.0},
+            {"March", std::int64_t{3}, std::int64_t{2024}, 50000.0}};
+  }
+
   std::vector<std::vector<Value>> bills() const {
     std::vector<std::vector<Value>> rows;
     for (int number = 1; number <= shop_.bills; ++number) {
@@ -62,6 +70,7 @@ Desktop::Desktop(std::span<const ScreenEntry> registry)
       windows_(registry),
       app_(platform_, display_, windows_) {
   platform_.make_connection = [this] { return std::make_unique<FakeConnection>(shop); };
+  platform_.chart_pictures = make_chart_pictures();
   platform_.today = [] { return kToday; };
   platform_.make_report_engine = []() -> std::unique_ptr<ReportEngine> {
     throw ReportError("there is no report engine here");
