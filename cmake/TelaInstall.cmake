@@ -6,6 +6,10 @@ install(TARGETS tela_console tela_catalogue tela_table)
 install(DIRECTORY reports DESTINATION ${CMAKE_INSTALL_DATADIR}/tela)
 install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
+if(TELA_OFFICE)
+  install(TARGETS tela_office DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/tela)
+endif()
+
 if(TELA_DESKTOP)
   set(icons ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
   install(TARGETS tela_reports)
@@ -29,5 +33,5 @@ set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # The reports are laid out for this font: in a wider one headings and names are shortened.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-liberation")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "tdsodbc")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libreoffice-calc, tdsodbc")
 include(CPack)

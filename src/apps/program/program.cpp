@@ -8,6 +8,7 @@
 #include "platform/catalogue/catalogue_client.h"
 #include "platform/printer/open_port.h"
 #include "platform/report/banded_engine.h"
+#include "platform/sheet/office_sheets.h"
 #include "platform/way_back/kept_folder.h"
 #include "screens/registry.h"
 
@@ -44,6 +45,7 @@ Platform make_platform(const Paths& paths) {
   platform.keep_rows = [paths](std::string_view screen) {
     return keep_in_folder(paths.way_back(), screen);
   };
+  platform.sheets = make_office_sheets(paths, {.link = inner_program("tela_office")});
   return platform;
 }
 

@@ -11,4 +11,8 @@ namespace tela {
 /// neither is there.
 std::filesystem::path share_folder(std::string_view name);
 
+/// A program of the program's own, which the user does not start: libexec/tela/NAME beside the
+/// installed program's bin folder, or as it was built. An empty path if it is not there.
+std::filesystem::path inner_program(std::string_view name);
+
 }  // namespace tela
