@@ -11,14 +11,26 @@ packages="cmake ninja-build g++ ccache git
   qt6-base-dev qt6-svg-dev qt6-charts-dev libqt6opengl6-dev libgl1-mesa-dev
   unixodbc-dev odbcinst tdsodbc libsqliteodbc
   xvfb fonts-dejavu-core fonts-liberation poppler-utils"
+
+installed() {
+  [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null || true)" = installed ]
+}
+
+# The spreadsheet program, with its windows where there is a desktop to see them on.
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] || installed libreoffice-calc; then
+  packages="$packages libreoffice-calc"
+else
+  packages="$packages libreoffice-calc-nogui"
+fi
+packages="$packages libreoffice-dev libreoffice-dev-common"
+
 if [ "${1:-}" = --lint ]; then
   packages="$packages clang clang-format clang-tidy"
 fi
 
 missing=""
 for package in $packages; do
-  status=$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null || true)
-  [ "$status" = installed ] || missing="$missing $package"
+  installed "$package" || missing="$missing $package"
 done
 [ -n "$missing" ] || exit 0
 

@@ -50,6 +50,9 @@ bool run(const tela::CatalogueArguments& arguments, tela::Messages& messages) {
     case CatalogueCommand::copy:
       tela::copy_catalogue(catalogue, paths.server_catalogue(catalogue_name), messages);
       return true;
+    case CatalogueCommand::workbooks:
+      tela::make_workbooks(paths, "soffice", messages);
+      return true;
   }
   return false;
 }

@@ -28,7 +28,7 @@ class Workbook {
   void show();
 
  private:
-  explicit Workbook(Document document) : document_(std::move(document)) {}
+  explicit Workbook(const Document& document) : document_(document) {}
 
   Document document_;
 };

@@ -24,6 +24,7 @@ namespace {
 // Pointers to the texts, with a null behind them, as the system takes them.
 std::vector<char*> pointers(std::vector<std::string>& texts) {
   std::vector<char*> all;
+  all.reserve(texts.size() + 1);
   for (std::string& text : texts) all.push_back(text.data());
   all.push_back(nullptr);
   return all;
@@ -144,7 +145,7 @@ std::filesystem::path find_program(std::string_view name) {
   const char* path = std::getenv("PATH");
   std::istringstream folders(path ? path : "");
   for (std::string folder; std::getline(folders, folder, ':');) {
-    const auto file = std::filesystem::path(folder) / name;
+    auto file = std::filesystem::path(folder) / name;
     if (access(file.c_str(), X_OK) == 0 && std::filesystem::is_regular_file(file)) return file;
   }
   return {};

@@ -139,7 +139,7 @@ fs::path office_folder(const std::string& office) {
   const bool is_path = office.find('/') != std::string::npos;
   const fs::path program = is_path ? fs::path(office) : find_program(office);
   std::error_code error;
-  const fs::path folder = fs::canonical(program, error).parent_path();
+  fs::path folder = fs::canonical(program, error).parent_path();
   if (program.empty() || error) throw SheetError("LibreOffice is not installed.");
   if (!fs::exists(folder / "types" / "offapi.rdb"))
     throw SheetError(program.string() + " is no LibreOffice that another program can drive.");

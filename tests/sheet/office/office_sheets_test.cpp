@@ -56,10 +56,10 @@ TEST_F(OfficeSheets, AFurtherExportAddsASheetToTheOpenWorkbook) {
 
 TEST_F(OfficeSheets, AnOfficeThatRunsAlreadyIsUsed) {
   const std::string workbook = put_workbook("SGST");
-  ProgramRun users(
-      {{"soffice", "--headless", "--norestore", "--nodefault", settings().options[0]}});
-  while (running("soffice.bin").empty()) std::this_thread::sleep_for(10ms);
-  std::this_thread::sleep_for(2s);
+  const ProgramCall call{{"soffice", "--headless", "--norestore", "--nodefault",
+                          "--accept=pipe,name=" + pipe_ + "-users;urp", settings().options[0]}};
+  ProgramRun users(call);
+  wait_for_office(pipe_ + "-users");
   const auto office = running("soffice.bin");
   sheets()->add_sheet(workbook, kBlock);
   EXPECT_EQ(read_back(workbook), kEmptySheet + "Sheet2:\n" + kRead);
@@ -124,17 +124,22 @@ TEST_F(OfficeSheets, WithoutTheWorkbookNoOfficeIsStarted) {
   EXPECT_TRUE(running().empty());
 }
 
-// An office that is a script, for what a real one does too rarely.
+// An office that is a script, for what a real one does too rarely; and in the second test one in
+// the place of the program that speaks to it.
 class ScriptedOffice : public OfficeTest {
  protected:
-  OfficeSettings settings_of(const std::string& script) {
-    fs::create_directories(folder_ / "office" / "types");
-    std::ofstream(folder_ / "office" / "types" / "offapi.rdb").close();
-    const fs::path program = folder_ / "office" / "soffice";
-    std::ofstream(program) << "#!/bin/sh\n" << script << '\n';
+  fs::path script(const std::string& name, const std::string& text) {
+    const fs::path program = folder_ / name;
+    fs::create_directories(program.parent_path());
+    std::ofstream(program) << "#!/bin/sh\n" << text << '\n';
     fs::permissions(program, fs::perms::owner_all);
+    return program;
+  }
+
+  OfficeSettings settings_of(const std::string& office) {
+    script("office/types/offapi.rdb", "the sign of an office");
     OfficeSettings settings = this->settings();
-    settings.office = program.string();
+    settings.office = script("office/soffice", office).string();
     settings.limit = 1s;
     return settings;
   }
@@ -145,10 +150,8 @@ class ScriptedOffice : public OfficeTest {
   }
 };
 
-TEST_F(ScriptedOffice, NoneOrOneThatDoesNotStartSaysWhy) {
-  OfficeSettings settings = settings_of("echo 'no desktop' >&2; exit 1");
-  settings.link = office_folder("soffice") / "soffice";  // is not asked before the office is there
-  EXPECT_NE(export_error(settings), "");
+TEST_F(ScriptedOffice, WhereThereIsNoneTheUserIsToldSo) {
+  OfficeSettings settings = this->settings();
   settings.office = (folder_ / "nowhere").string();
   EXPECT_EQ(export_error(settings), "LibreOffice is not installed.");
   settings.office = "no-such-office";
@@ -159,28 +162,17 @@ TEST_F(ScriptedOffice, NoneOrOneThatDoesNotStartSaysWhy) {
   EXPECT_EQ(export_error(settings), "This program was built without LibreOffice.");
 }
 
-// A program in the place of the one that speaks to the office.
-class ScriptedLink : public ScriptedOffice {
- protected:
-  fs::path link_of(const std::string& script) {
-    const fs::path program = folder_ / "link";
-    std::ofstream(program) << "#!/bin/sh\n" << script << '\n';
-    fs::permissions(program, fs::perms::owner_all);
-    return program;
-  }
-};
-
-TEST_F(ScriptedLink, AnOfficeThatWasStartedInVainIsEnded) {
+TEST_F(ScriptedOffice, OneThatWasStartedInVainIsEnded) {
   OfficeSettings settings = settings_of("sleep 1000 & sleep 1000");
-  settings.link = link_of("exit 3");
+  settings.link = script("link", "exit 3");  // no office listens
   EXPECT_EQ(export_error(settings), "LibreOffice did not answer within 1 seconds.");
   EXPECT_TRUE(running().empty());
 
   settings = settings_of("echo 'no desktop' >&2; exit 1");
-  settings.link = link_of("exit 3");
+  settings.link = script("link", "exit 3");
   EXPECT_EQ(export_error(settings), "LibreOffice does not start. no desktop");
 
-  settings.link = link_of("echo 'libuno_sal.so.3: not found' >&2; exit 127");
+  settings.link = script("link", "echo 'libuno_sal.so.3: not found' >&2; exit 127");
   EXPECT_EQ(export_error(settings), "libuno_sal.so.3: not found");
 }
 

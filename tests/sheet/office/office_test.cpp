@@ -13,6 +13,22 @@ namespace tela::testing {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+// What the reader prints, and its exit code.
+std::pair<std::string, int> run_reader(const std::string& pipe, const std::string& workbook) {
+  const fs::path folder = office_folder("soffice");
+  const std::string command = "LD_LIBRARY_PATH=" + folder.string() + " URE_MORE_TYPES=file://" +
+                              (folder / "types/offapi.rdb").string() + " " TELA_SHEET_READER " " +
+                              pipe + " " + workbook;
+  std::string text;
+  std::FILE* const reader = popen(command.c_str(), "r");
+  for (int c = std::fgetc(reader); c != EOF; c = std::fgetc(reader)) text += static_cast<char>(c);
+  return {text, WEXITSTATUS(pclose(reader))};
+}
+
+}  // namespace
+
 OfficeTest::OfficeTest() : pipe_(folder_.path().filename().string()) {
   unsetenv("DISPLAY");
   unsetenv("WAYLAND_DISPLAY");
@@ -39,15 +55,12 @@ std::string OfficeTest::put_workbook(const std::string& name) const {
 }
 
 std::string OfficeTest::read_back(const std::string& workbook) const {
-  const fs::path folder = office_folder("soffice");
-  const std::string command = "LD_LIBRARY_PATH=" + folder.string() + " URE_MORE_TYPES=file://" +
-                              (folder / "types/offapi.rdb").string() + " " TELA_SHEET_READER " " +
-                              pipe_ + " " + file_of(workbook).filename().string();
-  std::string text;
-  std::FILE* const reader = popen(command.c_str(), "r");
-  for (int c = std::fgetc(reader); c != EOF; c = std::fgetc(reader)) text += static_cast<char>(c);
-  pclose(reader);
-  return text;
+  return run_reader(pipe_, file_of(workbook).filename().string()).first;
+}
+
+void OfficeTest::wait_for_office(const std::string& pipe) const {
+  constexpr int nobody_listens = 3;
+  while (run_reader(pipe, "no-workbook").second == nobody_listens) continue;
 }
 
 std::vector<pid_t> OfficeTest::running(const std::string& word) const {

@@ -30,6 +30,8 @@ class OfficeTest : public ::testing::Test {
   /// All sheets of an open workbook, read through LibreOffice; the way it is printed stands in
   /// reader/main.cpp.
   std::string read_back(const std::string& workbook) const;
+  /// Waits until an office listens on the pipe of that name.
+  void wait_for_office(const std::string& pipe) const;
 
   /// The running programs whose command line has `word` and that belong to this test.
   std::vector<pid_t> running(const std::string& word = {}) const;

@@ -15,7 +15,7 @@ constexpr CommandName commands[] = {
     {"create", CatalogueCommand::create},      {"demo", CatalogueCommand::demo},
     {"import", CatalogueCommand::import_rows}, {"export", CatalogueCommand::export_rows},
     {"check", CatalogueCommand::check},        {"script", CatalogueCommand::script},
-    {"copy", CatalogueCommand::copy}};
+    {"copy", CatalogueCommand::copy},          {"workbooks", CatalogueCommand::workbooks}};
 
 // The words of a command line that are still to be read.
 class Words {
@@ -120,6 +120,8 @@ std::string_view usage_text() {
   check                    look for damage, and for what looks wrong in the data
   script                   write the T-SQL that makes an empty catalogue on a server
   copy                     copy the catalogue to the server that TelaData.odbc beside it names
+  workbooks                make the empty workbooks that the Excel buttons add sheets to, by
+                           LibreOffice; those that are there stay as they are
 
 The catalogue is TelaData.db in DIR, else in $TELA_ROOT, else in $XDG_DATA_HOME/tela or
 ~/.local/share/tela.

@@ -17,7 +17,16 @@ struct UsageError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-enum class CatalogueCommand { create, demo, import_rows, export_rows, check, script, copy };
+enum class CatalogueCommand {
+  create,
+  demo,
+  import_rows,
+  export_rows,
+  check,
+  script,
+  copy,
+  workbooks
+};
 
 struct CatalogueArguments {
   std::optional<std::filesystem::path> root;  ///< the platform root, where it is given

@@ -7,6 +7,7 @@
 
 #include "apps/tela_catalogue/commands/messages.h"
 #include "apps/tela_catalogue/demo/demo_catalogue.h"
+#include "platform/paths/paths.h"
 
 namespace tela {
 
@@ -30,5 +31,9 @@ void export_table(const std::filesystem::path& catalogue, std::string_view table
 /// Looks through the whole catalogue. False if it is damaged: the file itself, or tables, columns
 /// and start-up rows that are missing. What only looks wrong in the data is told and no damage.
 bool check_catalogue(const std::filesystem::path& catalogue, Messages& messages);
+
+/// Makes the workbooks that are missing, empty, in their places on the shop's machine; `office` is
+/// the LibreOffice that makes them. One that is there is not touched.
+void make_workbooks(const Paths& paths, const std::string& office, Messages& messages);
 
 }  // namespace tela
