@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <com/sun/star/awt/XTopWindow.hpp>
-#include <com/sun/star/awt/XWindow.hpp>
+#include <com/sun/star/awt/XWindow2.hpp>
 #include <com/sun/star/beans/PropertyValue.hpp>
 #include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/document/MacroExecMode.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
 #include <com/sun/star/lang/Locale.hpp>
@@ -122,6 +123,11 @@ Reference<star::sheet::XSpreadsheet> new_sheet(const Workbook::Document& documen
   return {sheets->getByName(name), UNO_QUERY_THROW};
 }
 
+Reference<star::sheet::XSpreadsheet> last_sheet(const Workbook::Document& document) {
+  const Reference<star::container::XIndexAccess> sheets(document->getSheets(), UNO_QUERY_THROW);
+  return {sheets->getByIndex(sheets->getCount() - 1), UNO_QUERY_THROW};
+}
+
 // The whole block in one call: one a cell would take minutes. The cells are made text cells first,
 // so that a number in one is no number even when the user edits it.
 void write(const Workbook::Document& document, const Reference<star::sheet::XSpreadsheet>& sheet,
@@ -136,23 +142,37 @@ void write(const Workbook::Document& document, const Reference<star::sheet::XSpr
       ->setDataArray(cells_of(block, area));
 }
 
-Reference<star::frame::XController> controller_of(const Workbook::Document& document) {
-  return Reference<star::frame::XModel>(document, UNO_QUERY_THROW)->getCurrentController();
+Reference<star::frame::XFrame> frame_of(const Workbook::Document& document) {
+  return Reference<star::frame::XModel>(document, UNO_QUERY_THROW)
+      ->getCurrentController()
+      ->getFrame();
+}
+
+bool is_visible(const Reference<star::frame::XFrame>& frame) {
+  return Reference<star::awt::XWindow2>(frame->getContainerWindow(), UNO_QUERY_THROW)->isVisible();
+}
+
+// A window of the user's for a document that was opened without one. (The unseen one would come up
+// without its size, and would not turn to another sheet.)
+void open_window(const Workbook::Desktop& office, const Workbook::Document& document) {
+  Sequence<star::beans::PropertyValue> how(1);
+  how.getArray()[0] = property("Model", Any(document));
+  office->loadComponentFromURL("private:object", "_blank", 0, how);
 }
 
 }  // namespace
 
 Workbook Workbook::open(const Desktop& office, const fs::path& file) {
   const Document document = open_document(office, file);
-  if (!document.is()) return Workbook(load(office, file));
+  if (!document.is()) return Workbook(office, load(office, file));
   if (can_only_be_read(document)) throw SheetError(file.string() + " is open for reading only.");
-  return Workbook(document);
+  return Workbook(office, document);
 }
 
 Workbook Workbook::find(const Desktop& office, const fs::path& file) {
   const Document document = open_document(office, file);
   if (!document.is()) throw SheetError(file.string() + " is no longer open.");
-  return Workbook(document);
+  return Workbook(office, document);
 }
 
 void Workbook::add_sheet(const SheetBlock& block) {
@@ -161,15 +181,16 @@ void Workbook::add_sheet(const SheetBlock& block) {
   model->lockControllers();
   write(document_, sheet, block);
   model->unlockControllers();
-  const Reference<star::sheet::XSpreadsheetView> view(controller_of(document_), UNO_QUERY);
-  if (view.is()) view->setActiveSheet(sheet);
 }
 
 void Workbook::show() {
-  const auto window = controller_of(document_)->getFrame()->getContainerWindow();
-  window->setVisible(true);
-  const Reference<star::awt::XTopWindow> top(window, UNO_QUERY);
-  if (top.is()) top->toFront();
+  const auto hidden = frame_of(document_);
+  if (!is_visible(hidden)) open_window(office_, document_);
+  const auto frame = frame_of(document_);
+  Reference<star::sheet::XSpreadsheetView>(frame->getController(), UNO_QUERY_THROW)
+      ->setActiveSheet(last_sheet(document_));
+  Reference<star::awt::XTopWindow>(frame->getContainerWindow(), UNO_QUERY_THROW)->toFront();
+  if (frame != hidden) Reference<star::util::XCloseable>(hidden, UNO_QUERY_THROW)->close(true);
 }
 
 }  // namespace tela

@@ -22,14 +22,17 @@ class Workbook {
   /// The workbook that is open.
   static Workbook find(const Desktop& office, const std::filesystem::path& file);
 
-  /// Adds a worksheet behind the others, with all cells as texts, and turns to it.
+  /// Adds a worksheet behind the others, with all cells as texts.
   void add_sheet(const SheetBlock& block);
 
+  /// Shows the workbook, its last worksheet in front.
   void show();
 
  private:
-  explicit Workbook(const Document& document) : document_(document) {}
+  Workbook(const Desktop& office, const Document& document)
+      : office_(office), document_(document) {}
 
+  Desktop office_;
   Document document_;
 };
 

@@ -76,7 +76,7 @@ TEST_F(OfficeSheets, AWorkbookThatIsOpenElsewhereIsRefused) {
   const auto theirs = make_office_sheets(paths_, elsewhere);
   const std::string error = error_of([&] { theirs->add_sheet(workbook, {{"late"}}); });
   EXPECT_NE(error.find("open elsewhere"), std::string::npos) << error;
-  EXPECT_TRUE(running("elsewhere").empty()) << "what was started for it is ended";
+  EXPECT_TRUE(all_gone("elsewhere")) << "what was started for it is ended";
   EXPECT_EQ(read_back(workbook), kEmptySheet + "Sheet2:\n" + kRead);
 }
 
@@ -91,8 +91,8 @@ TEST_F(OfficeSheets, AnOfficeThatHangsIsNotWaitedForAndKeepsItsSheets) {
   const auto begin = std::chrono::steady_clock::now();
   EXPECT_EQ(error_of([&] { sheets->add_sheet(workbook, kBlock); }),
             "LibreOffice did not answer within 1 seconds.");
-  EXPECT_LT(std::chrono::steady_clock::now() - begin, 3s);
-  EXPECT_TRUE(running("tela_office").empty());
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, 10s);
+  EXPECT_TRUE(all_gone("tela_office"));
   signal_office(SIGCONT);
   EXPECT_EQ(running("soffice.bin"), office);
   EXPECT_EQ(read_back(workbook), kEmptySheet + "Sheet2:\n" + kRead);
@@ -112,7 +112,7 @@ TEST_F(OfficeSheets, AnOfficeThatIsKilledInMidExportEndsTheExport) {
   killer.join();
   EXPECT_NE(error, "");
   EXPECT_EQ(error.find("did not answer"), std::string::npos) << error;
-  EXPECT_TRUE(running("tela_office").empty());
+  EXPECT_TRUE(all_gone("tela_office"));
   sheets->add_sheet(workbook, {{"again"}});
   EXPECT_EQ(read_back(workbook), kEmptySheet + "Sheet2:\nagain\n");
 }
@@ -121,7 +121,7 @@ TEST_F(OfficeSheets, WithoutTheWorkbookNoOfficeIsStarted) {
   const std::string error =
       error_of([&] { sheets()->add_sheet("D:\\Tela_Supermarket\\SGST.xls", kBlock); });
   EXPECT_NE(error.find("There is no file"), std::string::npos) << error;
-  EXPECT_TRUE(running().empty());
+  EXPECT_TRUE(all_gone());
 }
 
 // An office that is a script, for what a real one does too rarely; and in the second test one in
@@ -166,7 +166,7 @@ TEST_F(ScriptedOffice, OneThatWasStartedInVainIsEnded) {
   OfficeSettings settings = settings_of("sleep 1000 & sleep 1000");
   settings.link = script("link", "exit 3");  // no office listens
   EXPECT_EQ(export_error(settings), "LibreOffice did not answer within 1 seconds.");
-  EXPECT_TRUE(running().empty());
+  EXPECT_TRUE(all_gone());
 
   settings = settings_of("echo 'no desktop' >&2; exit 1");
   settings.link = script("link", "exit 3");

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
+#include <thread>
 
 #include "platform/sheet/empty_workbook.h"
 
@@ -36,7 +37,7 @@ OfficeTest::OfficeTest() : pipe_(folder_.path().filename().string()) {
 
 OfficeTest::~OfficeTest() {
   signal_office(SIGKILL);
-  while (!running().empty()) continue;  // they write into the folder until they are gone
+  all_gone();  // they write into the folder until then
 }
 
 OfficeSettings OfficeTest::settings() const {
@@ -73,6 +74,12 @@ std::vector<pid_t> OfficeTest::running(const std::string& word) const {
       found.push_back(id);
   }
   return found;
+}
+
+bool OfficeTest::all_gone(const std::string& word) const {
+  for (int tries = 0; tries < 500 && !running(word).empty(); ++tries)
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  return running(word).empty();
 }
 
 void OfficeTest::signal_office(int signal) const {

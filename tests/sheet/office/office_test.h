@@ -35,6 +35,8 @@ class OfficeTest : public ::testing::Test {
 
   /// The running programs whose command line has `word` and that belong to this test.
   std::vector<pid_t> running(const std::string& word = {}) const;
+  /// Whether none of them runs any longer. One that was killed may need a moment to go.
+  bool all_gone(const std::string& word = {}) const;
   void signal_office(int signal) const;
 
   TemporaryFolder folder_;
