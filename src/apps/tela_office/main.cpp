@@ -37,6 +37,7 @@ int run(const std::string& pipe, const std::string& command, const std::string& 
   const auto office = tela::connect_office(pipe);
   if (!office.is()) return tela::kOfficeNotListening;
   if (command == "add") {
+    std::ios::sync_with_stdio(false);  // else each character of the input is a call
     const tela::SheetBlock block = read_block(std::cin);
     tela::Workbook::open(office, file).add_sheet(block);
   } else {
