@@ -26,6 +26,12 @@ std::span<const ScreenEntry> all_screens() {
   static constexpr ScreenEntry kScreens[] = {
       {"frmDailyS_R", make_sister<BillListReport, frmDailyS_R>},
       {"frmmonthlySR", make_sister<BillListReport, frmmonthlySR>},
+      {"frmDailyCashsales", make_sister<BillListReport, frmDailyCashsales>},
+      {"frmMonthlyCashSales", make_sister<BillListReport, frmMonthlyCashSales>},
+      {"frmMonthlyCreditSales", make_sister<BillListReport, frmMonthlyCreditSales>},
+      {"fBillToBill", make_sister<BillListReport, fBillToBill>},
+      {"frmSalesByValue", make_sister<BillListReport, frmSalesByValue>},
+      {"frmUserReport", make_sister<BillListReport, frmUserReport>},
       {"FrmBillView", make_screen<FrmBillView>},
       {"frmList", make_screen<frmList>},
       {"frmdailyIwiseSR", make_screen<frmdailyIwiseSR>},

@@ -106,7 +106,10 @@ void BillListReport::list(std::size_t order) {
     if (refused(refusal)) return;
   if (list_.failure.empty()) return show(order);
   guarded([&] { show(order); },
-          [this](const std::runtime_error&) { tell(list_.failure, Icon::information); });
+          [this](const std::runtime_error& failure) {
+            app().display.message(
+                {list_.failure, Icon::information, Buttons::ok, app().ShopName, failure.what()});
+          });
 }
 
 void BillListReport::show(std::size_t order) {
@@ -167,12 +170,21 @@ std::string split_select() {
          "str(MealsPaid,8,2),MobilePay,STR(PointsUsed,8,2) from salestemp where ";
 }
 
+std::string plain_select(const std::string& cash) {
+  return "Select billno,billdate,BillTime,netamount,DiscAmount,Total," + cash +
+         ",CardPaid,MealsPaid,MobilePay,PointsUsed from salestemp where ";
+}
+
 std::string in_period(const Period& period) {
   return "billdate>=" + sql_text(period.from) + " AND BILLDATE<=" + sql_text(period.to);
 }
 
 std::string of_counter(const BillInputs& inputs) {
   return inputs.counter ? " AND counter=" + *inputs.counter : "";
+}
+
+std::string cash_values(const GridRow& row) {
+  return sql_list({row.row_number(), row.number(0), row.date(1), row.time(2), row.numbers(3, 6)});
 }
 
 BillPreview sales_print(std::string button) {

@@ -116,10 +116,20 @@ class BillListReport : public Screen {
 /// The payment split of a bill in SQL, up to the condition. Of a bill paid at the till the cash
 /// part is not stored but derived: what the bill came to, less the four other kinds of payment.
 std::string split_select();
+/// The same with plain numbers for all amounts and `cash` for the cash part, up to the condition.
+std::string plain_select(const std::string& cash);
+/// The cash part of a bill paid at the till.
+inline constexpr const char* kDerivedCash = "Total-(CardPaid+MealsPaid+MobilePay+PointsUsed)";
+/// " and" the bill was paid at the till, neither on credit nor at the door.
+inline constexpr const char* kPaidAtTheTill =
+    " and BillType Not in ('CREDIT BILL','HOME DELIVERY')";
 /// "billdate>='from' AND BILLDATE<='to'".
 std::string in_period(const Period& period);
 /// " AND counter=n", or nothing for all counters.
 std::string of_counter(const BillInputs& inputs);
+/// What the staging tables of the cash lists hold of a row: its number, the bill, its day and time,
+/// and the columns up to the cash.
+std::string cash_values(const GridRow& row);
 /// The preview by way of `SalesPrint`, without a question.
 BillPreview sales_print(std::string button);
 
@@ -127,5 +137,11 @@ BillPreview sales_print(std::string button);
 
 BillList frmDailyS_R();
 BillList frmmonthlySR();
+BillList frmDailyCashsales();
+BillList frmMonthlyCashSales();
+BillList frmMonthlyCreditSales();
+BillList fBillToBill();
+BillList frmSalesByValue();
+BillList frmUserReport();
 
 }  // namespace tela
