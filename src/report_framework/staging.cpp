@@ -3,6 +3,7 @@
 #include "platform/text/date_text.h"
 #include "platform/text/strings.h"
 #include "shell/database_gateway.h"
+#include "shell/failure.h"
 #include "shell/period.h"
 #include "shell/sql_value.h"
 
@@ -67,10 +68,17 @@ bool counts(const ReportGrid& grid, int row, const Staging& staging) {
                                  : grid.number(row, staging.counted_by) > 0;
 }
 
+void insert_row(AppState& app, const GridRow& row, const Staging& staging) {
+  const auto insert = [&] {
+    app.Con->execute(staging.insert + sql_list(staging.values(row)) + ")");
+  };
+  if (!staging.passed_over) return insert();
+  guarded(insert, staging.passed_over);
+}
+
 void insert_rows(AppState& app, const ReportGrid& grid, const Staging& staging) {
   for (app.RowNo = 1; app.RowNo < grid.cells().Rows(); ++app.RowNo)
-    if (counts(grid, app.RowNo, staging))
-      app.Con->execute(staging.insert + sql_list(staging.values({grid, app.RowNo})) + ")");
+    if (counts(grid, app.RowNo, staging)) insert_row(app, {grid, app.RowNo}, staging);
 }
 
 }  // namespace

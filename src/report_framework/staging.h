@@ -4,6 +4,7 @@
 #pragma once
 
 #include <functional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -53,6 +54,9 @@ struct Staging {
   bool any_text_counts = false;  ///< only a row without a text in that column is passed over
   std::function<std::vector<std::string>(const GridRow&)> values = {};
   StagingTransactions transactions = StagingTransactions::one;
+  /// Told of a row that cannot be stored, which is then passed over. Nothing: such a row ends the
+  /// run.
+  std::function<void(const std::runtime_error&)> passed_over = {};
 };
 
 /// Empties the table and inserts the grid's rows. Throws ValueError and what the database throws;

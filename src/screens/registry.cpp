@@ -12,7 +12,10 @@
 #include "screens/profit/frmMonthlyProfit.h"
 #include "screens/profit/frmProfitView.h"
 #include "screens/sales_analysis/filtered_sales.h"
+#include "screens/sales_analysis/frmDetailSales1.h"
 #include "screens/sales_analysis/frmItemSalesReport.h"
+#include "screens/sales_analysis/frmMobilePayDetails.h"
+#include "screens/sales_analysis/frmSaleReturn.h"
 #include "screens/sales_analysis/frmdailyIwiseSR.h"
 #include "screens/tax/frmDateWise.h"
 #include "screens/tax/frmGstModifySales.h"
@@ -36,6 +39,9 @@ std::span<const ScreenEntry> all_screens() {
       {"frmList", make_screen<frmList>},
       {"frmdailyIwiseSR", make_screen<frmdailyIwiseSR>},
       {"frmItemSalesReport", make_screen<frmItemSalesReport>},
+      {"frmDetailSales1", make_screen<frmDetailSales1>},
+      {"frmSaleReturn", make_screen<frmSaleReturn>},
+      {"frmMobilePayDetails", make_screen<frmMobilePayDetails>},
       {"FrmCatagorysale", make_sister<FilteredSales, FrmCatagorysale>},
       {"frmSupplierSales", make_sister<FilteredSales, frmSupplierSales>},
       {"frmMonthlyProfit", make_screen<frmMonthlyProfit>},
