@@ -78,7 +78,8 @@ void ReportGrid::RowHeading() const {
 }
 
 void ReportGrid::TotalAll() const {
-  const int rows = cells().Rows() - (look_.size == FillSize::blank_row_behind ? 1 : 0);
+  const bool all = look_.size == FillSize::exact || look_.blank_row_counts;
+  const int rows = cells().Rows() - (all ? 0 : 1);
   for (std::size_t col = 0; col < columns_.size(); ++col) {
     const ColumnTotal& total = columns_[col].total;
     if (total.box.empty()) continue;

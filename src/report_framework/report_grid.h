@@ -37,6 +37,7 @@ struct GridLook {
   std::optional<int> counted_by = {};  ///< only rows whose number in this column is above 0 count
                                        ///< in the totals; nothing: all rows count
   bool headed_at_load = true;          ///< false: the headings come with the first rows
+  bool blank_row_counts = false;  ///< the blank row behind the last is summed as one of the rows
 };
 
 class ReportGrid {
@@ -70,8 +71,8 @@ class ReportGrid {
   /// Writes each header into row 0.
   void RowHeading() const;
   /// Sums each column that has a total box through the text of the box, so that each step is
-  /// rounded by its mask. A blank row behind the last is none of the rows: without a record the
-  /// boxes show "0".
+  /// rounded by its mask. Without a row to sum the boxes show "0"; where the blank row behind the
+  /// last counts, they then show "0.00".
   void TotalAll() const;
   void ChangeCellColour() const;
 

@@ -1,6 +1,7 @@
 #include "screens/sales_analysis/frmDetailSales1.h"
 
 #include <array>
+#include <utility>
 
 #include "platform/text/number_text.h"
 #include "shell/app_state.h"
@@ -60,6 +61,10 @@ GridColumns grid_columns(const Boxes& boxes, int cash) {
   };
 }
 
+GridLook look(std::string grid) {
+  return {.name = std::move(grid), .size = FillSize::blank_row_behind, .blank_row_counts = true};
+}
+
 /// The statement of a grid. `stored_cash` is its field for the cash that bills store, if it shows
 /// that in place of the derived cash.
 std::string by_counter(const std::string& stored_cash, const Period& period,
@@ -77,9 +82,8 @@ std::string by_counter(const std::string& stored_cash, const Period& period,
 
 frmDetailSales1::frmDetailSales1(AppState& app)
     : Screen(app, "frmDetailSales1", "DETAIL SALES REPORT - COUNTER WISE", controls()),
-      till_(form(), grid_columns(kTillBoxes, 4), {.size = FillSize::blank_row_behind}),
-      credit_(form(), grid_columns(kCreditBoxes, 5),
-              {.name = "MSHF1", .size = FillSize::blank_row_behind}) {
+      till_(form(), grid_columns(kTillBoxes, 4), look("MSHF")),
+      credit_(form(), grid_columns(kCreditBoxes, 5), look("MSHF1")) {
   key_walk({"DTP1", "DTP2", "cmdView"});
   on_press("cmdView", [this] { view(); });
   refresh_on("cmdRefresh");
