@@ -231,6 +231,8 @@ TEST(PictureClipboard, SaysWhyAFileCannotBeSaved) {
   EXPECT_NE(failure("/tmp/x.bmp").find("no picture on the clipboard"), std::string::npos);
   pictures.copy(chart_of({"1"}));
   EXPECT_NE(failure("/nowhere/x.bmp").find("/nowhere/x.bmp"), std::string::npos);
+  const QTemporaryDir folder;
+  EXPECT_NE(failure(folder.path().toStdString()).find("it is not a file"), std::string::npos);
 }
 
 TEST(ChartView, ShowsTheChartAnewWhenItChanges) {

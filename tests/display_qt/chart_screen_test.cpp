@@ -1,7 +1,7 @@
 // A chart as a shopkeeper uses it: draws it, changes its type, reads a figure, saves the picture.
 #include <QComboBox>
 #include <QFileDialog>
-#include <QFileInfo>
+#include <QLineEdit>
 #include <QPushButton>
 
 #include "display_qt/desktop_fixture.h"
@@ -97,6 +97,19 @@ TEST_F(ChartScreenWindow, SaysInAPlainBoxThatSavingWasCancelled) {
   EXPECT_EQ(box.text, "Cancel was selected.");
   EXPECT_EQ(box.title, " ");
   EXPECT_EQ(box.icon, QMessageBox::NoIcon);
+}
+
+TEST(CostChartWindow, ShowsALongNameWholeAndFromItsStart) {
+  Desktop desktop;
+  ScreenView& view = desktop.open("frmBarChartCost");
+  auto& name = child<QLineEdit>(view, "Text2");
+  const int before = name.width();
+  QTest::keyClicks(&child<QLineEdit>(view, "Text1"), "7");
+  EXPECT_EQ(name.text(), "BASMATI RICE OF THE FIRST CROP");
+  EXPECT_TRUE(name.isReadOnly());
+  EXPECT_EQ(name.cursorPosition(), 0);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return name.width() > before; }));
+  EXPECT_GE(name.width(), name.fontMetrics().horizontalAdvance(name.text()));
 }
 
 }  // namespace tela::testing

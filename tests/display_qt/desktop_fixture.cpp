@@ -35,6 +35,7 @@ class FakeConnection : public Connection {
     if (sql.find("from tword") != sql.npos) rows.rows = {{"THANK YOU", "VISIT AGAIN", ""}};
     if (sql.find("from CrPath") != sql.npos) rows.rows = {{"C:\\Reports"}};
     if (sql.find("from PrinterSet") != sql.npos) rows.rows = {{1.0, "", "LPT1", "", 0.0, 0.0}};
+    if (sql.find("Select iLongName") != sql.npos) rows.rows = {{"BASMATI RICE OF THE FIRST CROP"}};
     if (sql.find("from BarChartYear order") != sql.npos) rows.rows = months();
     if (sql.find("salestemp where billdate") != sql.npos) rows.rows = bills();
     for (auto& row : rows.rows) row.resize(rows.fields.size());

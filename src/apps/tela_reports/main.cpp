@@ -7,6 +7,7 @@
 #include <iostream>
 
 #include "apps/program/program.h"
+#include "apps/tela_reports/chart_tour.h"
 #include "apps/tela_reports/picture_tour.h"
 #include "display/qt/look.h"
 #include "platform/chart_qt/picture_clipboard.h"
@@ -27,7 +28,7 @@ bool has_desktop() {
 // application object.
 bool wants_pictures(int argc, char** argv) {
   for (int i = 1; i < argc; ++i)
-    if (QByteArray(argv[i]).startsWith("--pictures")) return true;
+    if (QByteArray(argv[i]).contains("pictures")) return true;
   return false;
 }
 
@@ -44,11 +45,18 @@ tela::Paths platform_root(const QString& root) {
   return root.isEmpty() ? tela::Paths::from_environment() : tela::Paths(root.toStdString());
 }
 
-int run(const tela::Paths& paths, const QString& pictures) {
+// The folders that pictures are asked for in; empty where they are not.
+struct Pictures {
+  QString of_guide;
+  QString of_charts;
+  bool wanted() const { return !of_guide.isEmpty() || !of_charts.isEmpty(); }
+};
+
+int run(const tela::Paths& paths, const Pictures& pictures) {
   // A tour for pictures shows the windows as they are at first, and leaves no trace.
   const QTemporaryDir passing;
   const QString settings_folder =
-      pictures.isEmpty() ? QString::fromStdString(paths.root().string()) : passing.path();
+      pictures.wanted() ? passing.path() : QString::fromStdString(paths.root().string());
   tela::DesktopSettings settings(QDir(settings_folder).filePath("desktop.ini"));
   tela::QtDisplay display(settings, {[] { QCoreApplication::exit(ended_well); },
                                      [&paths] { return first_run_hint(paths); }});
@@ -57,8 +65,11 @@ int run(const tela::Paths& paths, const QString& pictures) {
   platform.chart_pictures = tela::make_chart_pictures();
   tela::Program program(std::move(platform), display);
   display.start(program.state());
-  if (pictures.isEmpty()) return QApplication::exec();
-  tela::PictureTour(display, program.state(), QDir(pictures)).run();
+  if (!pictures.wanted()) return QApplication::exec();
+  if (!pictures.of_guide.isEmpty())
+    tela::PictureTour(display, program.state(), QDir(pictures.of_guide)).run();
+  else
+    tela::ChartTour(display, program.state(), QDir(pictures.of_charts)).run();
   return ended_well;
 }
 
@@ -85,6 +96,7 @@ int main(int argc, char** argv) {
   parser.addVersionOption();
   parser.addOption({"root", "The folder that stands for the shop's machine.", "DIR"});
   parser.addOption({"pictures", "Walk through the program and save pictures of it.", "DIR"});
+  parser.addOption({"chart-pictures", "Save a picture of every chart in every type.", "DIR"});
   parser.process(application);
   if (!parser.positionalArguments().isEmpty()) {
     std::cerr << "tela_reports: what is \"" << parser.positionalArguments().first().toStdString()
@@ -92,7 +104,8 @@ int main(int argc, char** argv) {
     return bad_usage;
   }
   try {
-    return run(platform_root(parser.value("root")), parser.value("pictures"));
+    return run(platform_root(parser.value("root")),
+               {parser.value("pictures"), parser.value("chart-pictures")});
   } catch (const std::exception& failure) {
     std::cerr << "tela_reports: " << failure.what() << '\n';
     return failed;

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDateEdit>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -13,6 +12,7 @@
 #include <QTimer>
 #include <stdexcept>
 
+#include "apps/tela_reports/tour_steps.h"
 #include "display/qt/grid_pane.h"
 #include "display/qt/login_window.h"
 #include "display/qt/main_frame.h"
@@ -25,27 +25,6 @@ namespace {
 constexpr QSize kFrameSize(1280, 800);
 const char* const kReport = "frmDailyS_R";
 
-template <class Widget>
-Widget& part(const QObject& window, const char* name) {
-  if (auto* found = window.findChild<Widget*>(name)) return *found;
-  throw std::runtime_error(std::string("there is no ") + name + " in the window");
-}
-
-void press_enter(QWidget& field) {
-  QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-  QApplication::sendEvent(&field, &press);
-}
-
-void fill_in(QLineEdit& box, const QString& text) {
-  box.setText(text);
-  press_enter(box);
-}
-
-// Lets what is on its way to the windows arrive.
-void settle() {
-  for (int i = 0; i < 5; ++i) QApplication::processEvents();
-}
-
 }  // namespace
 
 PictureTour::PictureTour(QtDisplay& display, AppState& app, const QDir& folder)
@@ -55,20 +34,15 @@ void PictureTour::run() {
   log_in();
   list_last_day();
   open_last_bill();
+  charts();
   preview();
-}
-
-void PictureTour::save(QWidget& window, const QString& name) {
-  settle();
-  const QString file = folder_.filePath(name + ".png");
-  if (!window.grab().save(file)) throw std::runtime_error("cannot write " + file.toStdString());
 }
 
 void PictureTour::log_in() {
   LoginWindow& login = *display_.login_window();
   fill_in(part<QLineEdit>(login, "Text1"), "kestr");
   part<QLineEdit>(login, "Text2").setText("KESTR472");
-  save(login, "login");
+  save_picture(login, folder_, "login");
   press_enter(part<QLineEdit>(login, "Text2"));
   if (!display_.main_frame()) throw std::runtime_error(app_.connection_failure);
 
@@ -76,23 +50,18 @@ void PictureTour::log_in() {
   frame.showNormal();
   frame.resize(kFrameSize);
   part<QAction>(frame, "sales").trigger();
-  save(frame, "main-window");
+  save_picture(frame, folder_, "main-window");
 }
 
 void PictureTour::list_last_day() {
   MainFrame& frame = *display_.main_frame();
   part<QAction>(frame, "DailySalesReport").trigger();
   const auto& report = part<QMdiSubWindow>(frame, kReport);
-  const Value last_day = app_.Con->execute("select max(BillDate) from SalesTemp").rows[0][0];
-  if (const auto* day = std::get_if<Date>(&last_day))
-    part<QDateEdit>(report, "DTPicker1")
-        .setDate(QDate(static_cast<int>(day->year()),
-                       static_cast<int>(static_cast<unsigned>(day->month())),
-                       static_cast<int>(static_cast<unsigned>(day->day()))));
+  part<QDateEdit>(report, "DTPicker1").setDate(last_day(app_));
   auto& counter = part<QComboBox>(report, "Combo1");
   counter.setEditText("ALL COUNTER");
   press_enter(counter);
-  save(frame, "daily-sales");
+  save_picture(frame, folder_, "daily-sales");
 }
 
 void PictureTour::open_last_bill() {
@@ -101,7 +70,17 @@ void PictureTour::open_last_bill() {
   const int rows = bills.model()->rowCount();
   if (rows == 0) return;
   emit bills.doubleClicked(bills.model()->index(rows - 1, 0));
-  save(frame, "bill");
+  save_picture(frame, folder_, "bill");
+}
+
+void PictureTour::charts() {
+  MainFrame& frame = *display_.main_frame();
+  const QDate last = last_day(app_);
+  QWidget& month = view_chart(app_, frame, "frmBarChartDay", last.addDays(1 - last.day()), last);
+  save_picture(month, folder_, "chart-month");
+  QWidget& staff = view_chart(app_, frame, "frmBarChartUser", last.addYears(-1), last);
+  pick_type(staff, "3dBar");
+  save_picture(staff, folder_, "chart-staff");
 }
 
 void PictureTour::preview() {
@@ -109,7 +88,7 @@ void PictureTour::preview() {
   QObject::connect(&answer, &QTimer::timeout, [this] {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     if (!box) return;
-    save(*box, "question");
+    save_picture(*box, folder_, "question");
     box->button(QMessageBox::Ok)->click();
   });
   answer.start(10);
@@ -117,7 +96,7 @@ void PictureTour::preview() {
   if (!display_.preview_window()) throw std::runtime_error("the preview did not open");
   display_.preview_window()->showNormal();
   display_.preview_window()->resize(kFrameSize);
-  save(*display_.preview_window(), "preview");
+  save_picture(*display_.preview_window(), folder_, "preview");
 }
 
 }  // namespace tela

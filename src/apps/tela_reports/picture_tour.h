@@ -6,8 +6,6 @@
 
 #include "display/qt/qt_display.h"
 
-class QWidget;
-
 namespace tela {
 
 class PictureTour {
@@ -15,16 +13,16 @@ class PictureTour {
   /// `display` shows the login of `app`. The pictures go to `folder`, which must be there.
   PictureTour(QtDisplay& display, AppState& app, const QDir& folder);
 
-  /// Logs in, lists the bills of the last day on which there are any, opens the last one of them
-  /// and the preview. Throws std::runtime_error where the way ends early.
+  /// Logs in, lists the bills of the last day on which there are any, opens the last one of them,
+  /// two charts and the preview. Throws std::runtime_error where the way ends early.
   void run();
 
  private:
   void log_in();
   void list_last_day();
   void open_last_bill();
+  void charts();
   void preview();
-  void save(QWidget& window, const QString& name);
 
   QtDisplay& display_;
   AppState& app_;

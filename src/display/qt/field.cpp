@@ -11,6 +11,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <algorithm>
 
 #include "display/qt/grid_pane.h"
 #include "display/qt/look.h"
@@ -106,19 +107,31 @@ ScreenField make_combo(const FieldActions& actions) {
   return {{}, {}, box, mirror, [box] { return box->currentText(); }};
 }
 
-// A box that is as wide as the text that it is made for.
+// A box that is as wide as the text that it is made for. What the program writes is seen from its
+// start, and whole as far as names go.
 class TextBox : public QLineEdit {
  public:
   explicit TextBox(int width_in_characters) : characters_(width_in_characters) {}
 
+  void show_text(const QString& words) {
+    if (text() == words) return;
+    setText(words);
+    if (!isReadOnly()) return;
+    setCursorPosition(0);
+    updateGeometry();
+  }
+
   QSize sizeHint() const override {
-    return {(characters_ + 1) * fontMetrics().horizontalAdvance('0') + kFramePixels,
+    const auto written = isReadOnly() ? std::min(text().size(), kLongName) : 0;
+    const int characters = std::max(characters_, static_cast<int>(written));
+    return {(characters + 1) * fontMetrics().horizontalAdvance('0') + kFramePixels,
             QLineEdit::sizeHint().height()};
   }
   QSize minimumSizeHint() const override { return sizeHint(); }
 
  private:
   static constexpr int kFramePixels = 12;
+  static constexpr qsizetype kLongName = 40;
   int characters_;
 };
 
@@ -150,9 +163,8 @@ ScreenField make_text(const Control& control, const FieldActions& actions) {
   }
   QObject::connect(box, &QLineEdit::textEdited, box, actions.set);
   const auto mirror = [box](const Control& now) {
-    const QString text = QString::fromStdString(now.text);
-    if (box->text() != text) box->setText(text);
     box->setReadOnly(now.locked);
+    box->show_text(QString::fromStdString(now.text));
     style_box(*box, now);
   };
   return {{}, {}, box, mirror, [box] { return box->text(); }};

@@ -183,7 +183,7 @@ void DrawnChart::draw_plot(const Chart& chart, const QRectF& room) {
   const DataLabels figures(rows_, fonts_.text, frame.pitch(), joins_points(chart.type) ? 9 : 4,
                            chart.label_orientation == kTextUpwards);
   const double beyond = labelled ? figures.height() : kPointRoom;
-  const int intervals = std::clamp(static_cast<int>(frame.front.height() / 60), 2, 8);
+  const int intervals = std::clamp(static_cast<int>(frame.front.height() / 50), 2, 8);
   frame.scale = value_scale(values, intervals, std::min(beyond / frame.front.height(), 0.4));
 
   chart_->setPlotArea(frame.front);

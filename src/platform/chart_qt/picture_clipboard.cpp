@@ -1,7 +1,9 @@
 #include "platform/chart_qt/picture_clipboard.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QClipboard>
+#include <QFileInfo>
 #include <QImageWriter>
 #include <QSaveFile>
 #include <stdexcept>
@@ -37,11 +39,17 @@ void save_copied(const std::string& path) {
   };
   const QImage picture = QApplication::clipboard()->image();
   if (picture.isNull()) fail("there is no picture on the clipboard");
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  QImageWriter writer(&buffer, "bmp");
+  if (!writer.write(picture.convertToFormat(QImage::Format_RGB32))) fail(writer.errorString());
+  // A device or a folder of that name stays what it is.
+  const QFileInfo present(name);
+  if (present.exists() && !present.isFile()) fail("it is not a file");
   // The file takes its name when it is whole, so that a full disk leaves the old one.
   QSaveFile file(name);
   if (!file.open(QIODevice::WriteOnly)) fail(file.errorString());
-  QImageWriter writer(&file, "bmp");
-  if (!writer.write(picture.convertToFormat(QImage::Format_RGB32))) fail(writer.errorString());
+  if (file.write(bytes) != bytes.size()) fail("the disk is full");
   if (!file.commit()) fail(file.errorString());
 }
 
