@@ -89,7 +89,7 @@ class RandomShop {
   /// The rows of a select, or of the select of an insert, each field with its type and to the last
   /// bit; or the error.
   std::vector<std::string> rows(std::string_view sql, tsql::Grouping grouping) {
-    helpers_.stand_by();
+    helpers_.prepare_for_statement();
     const tsql::Compiled compiled = tsql::compile(sql, schema_, grouping);
     const bool inserts = !compiled.source_sql.empty();
     embedded::Statement statement(database_, inserts ? compiled.source_sql : compiled.sqlite_sql);

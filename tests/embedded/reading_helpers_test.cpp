@@ -50,25 +50,25 @@ class Helpers : public ::testing::Test {
 
 TEST_F(Helpers, ComeWhereTheySeeWhatTheStatementSees) {
   EXPECT_EQ(count(), 0U) << "nobody has been called";
-  helpers.stand_by();
+  helpers.prepare_for_statement();
   EXPECT_GE(count(), 1U);
   EXPECT_GE(count(), 1U) << "free again";
 
   OtherProgram till(shop.file);
   ASSERT_EQ(till.run("INSERT INTO Sales(iName) VALUES('Soap')"), SQLITE_OK);
   EXPECT_EQ(count(), 0U) << "the statement may have begun before the bill";
-  helpers.stand_by();
+  helpers.prepare_for_statement();
   EXPECT_GE(count(), 1U);
 
   main.run("BEGIN; INSERT INTO Sales(iName) VALUES('Rice')");
-  helpers.stand_by();
+  helpers.prepare_for_statement();
   EXPECT_EQ(count(), 0U) << "nobody else sees what is not committed";
   main.run("COMMIT");
-  EXPECT_EQ(count(), 0U) << "committed since they stood by";
+  EXPECT_EQ(count(), 0U) << "committed since they were prepared";
 }
 
 TEST_F(Helpers, KeepTheirViewWhileTheyWork) {
-  helpers.stand_by();
+  helpers.prepare_for_statement();
   const HelpersAtWork at_work(helpers, main.handle());
   ASSERT_GE(at_work.count(), 1U);
   OtherProgram till(shop.file);
@@ -88,7 +88,7 @@ TEST_F(Helpers, KeepTheirViewWhileTheyWork) {
 }
 
 TEST_F(Helpers, EndInTimeWithTheStatement) {
-  helpers.stand_by();
+  helpers.prepare_for_statement();
   const HelpersAtWork at_work(helpers, main.handle());
   clock.start(std::chrono::seconds(-1));
   EXPECT_EQ(sqlite3_exec(at_work.connection(0),
@@ -131,7 +131,7 @@ int take_reads(sqlite3* connection) {
 TEST_F(Helpers, ReadTheRowsOfManyDaysOnly) {
   register_sql_functions(main.handle());
   register_groups(main.handle(), {.helpers = &helpers});
-  helpers.stand_by();
+  helpers.prepare_for_statement();
   sqlite3* helper = HelpersAtWork(helpers, main.handle()).connection(0);
   const auto group = [&](const std::string& days) {
     take_reads(helper);

@@ -22,7 +22,7 @@ std::vector<DayPart> parts_of(const GroupCall& call) {
 using Readers = std::vector<std::unique_ptr<GroupRows>>;
 
 bool are_well(const Readers& readers) {
-  return std::ranges::all_of(readers, &GroupRows::is_well);
+  return std::ranges::all_of(readers, &GroupRows::has_succeeded);
 }
 
 /// The parts, and which is next.
@@ -34,7 +34,7 @@ class Queue {
   void serve(GroupRows& reader) {
     for (std::size_t part = next_++; part < parts_.size() && !is_given_up_; part = next_++) {
       reader.read(parts_[part]);
-      if (!reader.is_well()) is_given_up_ = true;
+      if (!reader.has_succeeded()) is_given_up_ = true;
     }
   }
 

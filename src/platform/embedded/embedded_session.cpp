@@ -51,7 +51,7 @@ void require_catalogue_file(const std::filesystem::path& file) {
 
 /// Puts a file that came from elsewhere (a restored dump, say) under the catalogue's journal mode;
 /// one that is read-only or in use stays as it is, and is only slower to share.
-void log_writes_ahead(embedded::Database& database) {
+void set_write_ahead_log(embedded::Database& database) {
   if (database.is_read_only() || database.text("PRAGMA journal_mode") == "wal") return;
   try {
     database.run("PRAGMA journal_mode=WAL");
@@ -141,13 +141,13 @@ void EmbeddedSession::open(std::string_view) {
   sqlite3_db_config(database.handle(), SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
   database.run(
       "PRAGMA synchronous=FULL; PRAGMA cache_size=-65536; PRAGMA journal_size_limit=8388608");
-  log_writes_ahead(database);
+  set_write_ahead_log(database);
   register_sql_functions(database.handle());
   embedded::register_groups(database.handle(), {.helpers = &opening->helpers});
   // The first look into the file: here a damaged one shows.
   opening->schema.notice_changes();
   open_ = std::move(opening);
-  tend_log();
+  checkpoint_if_due();
 }
 
 EmbeddedSession::OpenFile& EmbeddedSession::opened() const {
@@ -200,7 +200,7 @@ std::vector<Field> EmbeddedSession::attempt(std::string_view sql, const RowTaker
   file.clock.start(timeout_);
   try {
     std::vector<Field> fields = run(sql, take);
-    if (!file.transaction.is_open()) tend_log();
+    if (!file.transaction.is_open()) checkpoint_if_due();
     return fields;
   } catch (const tsql::CompileError& error) {
     throw as_database_error(error);
@@ -242,7 +242,7 @@ std::vector<tsql::StoredValue> EmbeddedSession::bind(Statement& statement,
     return embedded::is_worth_dividing(
         {std::get<std::int64_t>(values[days.first]), std::get<std::int64_t>(values[days.last])});
   });
-  if (reads_many_days) open_->helpers.stand_by();
+  if (reads_many_days) open_->helpers.prepare_for_statement();
   return values;
 }
 
@@ -270,7 +270,7 @@ std::vector<Field> EmbeddedSession::select(CachedStatement& statement,
 void EmbeddedSession::change(CachedStatement& statement, const tsql::Normalized& literals) {
   const tsql::Compiled& compiled = statement.compiled;
   if (!compiled.source_sql.empty() && !compiled.target_is_temporary)
-    return insert_aside(statement, literals);
+    return insert_from_select(statement, literals);
   Statement& change = prepared(statement.whole, open_->database, compiled.sqlite_sql);
   const auto values = bind(change, compiled, literals);
   open_->transaction.enter(reach_of(compiled));
@@ -284,7 +284,8 @@ void EmbeddedSession::change(CachedStatement& statement, const tsql::Normalized&
 
 // An insert from a select is two steps: the reading, which may take long and holds up nobody, and
 // the writing of its rows under the lock.
-void EmbeddedSession::insert_aside(CachedStatement& statement, const tsql::Normalized& literals) {
+void EmbeddedSession::insert_from_select(CachedStatement& statement,
+                                         const tsql::Normalized& literals) {
   const tsql::Compiled& compiled = statement.compiled;
   Statement& source = prepared(statement.source, open_->database, compiled.source_sql);
   const auto values = bind(source, compiled, literals);
@@ -313,7 +314,7 @@ void EmbeddedSession::define(const tsql::Compiled& compiled, std::string_view sq
   open_->schema.forget();
 }
 
-void EmbeddedSession::tend_log() {
+void EmbeddedSession::checkpoint_if_due() {
   if (!open_->log.is_due()) return;
   open_->clock.start_without_waiting();
   open_->log.checkpoint(open_->database);
@@ -326,7 +327,7 @@ void EmbeddedSession::begin_trans() {
 void EmbeddedSession::commit_trans() {
   opened().clock.start(timeout_);
   open_->transaction.commit();
-  tend_log();
+  checkpoint_if_due();
 }
 
 void EmbeddedSession::rollback_trans() {

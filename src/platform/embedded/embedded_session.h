@@ -78,9 +78,9 @@ class EmbeddedSession : public Connection {
   std::vector<Field> select(embedded::CachedStatement& statement, const tsql::Normalized& literals,
                             const RowTaker& take);
   void change(embedded::CachedStatement& statement, const tsql::Normalized& literals);
-  void insert_aside(embedded::CachedStatement& statement, const tsql::Normalized& literals);
+  void insert_from_select(embedded::CachedStatement& statement, const tsql::Normalized& literals);
   void define(const tsql::Compiled& compiled, std::string_view sql);
-  void tend_log();
+  void checkpoint_if_due();
 
   std::filesystem::path file_;
   std::chrono::seconds timeout_{30};

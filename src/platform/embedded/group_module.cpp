@@ -135,7 +135,7 @@ int hash_rows(Scan& scan, const GroupsTable& table, const GroupCall& call) {
   GroupRows rows(table.database, call, table.settings.most_in_memory);
   rows.read();
   if (rows.is_full()) return sort_rows(scan, table.database, call);
-  if (rows.is_well()) keep_groups(scan, std::move(rows.groups()));
+  if (rows.has_succeeded()) keep_groups(scan, std::move(rows.groups()));
   return rows.code();
 }
 

@@ -77,21 +77,21 @@ GroupRows::GroupRows(sqlite3* database, const GroupCall& call, std::size_t most_
       groups_(call.plan),
       most_groups_(most_groups),
       code_(prepare(database, collecting_sql(call.source, call.plan), call, select_)) {
-  if (!is_well()) return;
+  if (!has_succeeded()) return;
   const int behind_parameters = sqlite3_bind_parameter_count(select_.get());
   code_ = sqlite3_bind_pointer(select_.get(), behind_parameters, this, pointer_type, nullptr);
 }
 
 void GroupRows::read() {
-  if (!is_well()) return;
+  if (!has_succeeded()) return;
   const int code = sqlite3_step(select_.get());
   sqlite3_reset(select_.get());
   code_ = code == SQLITE_ROW ? SQLITE_OK : code;
 }
 
 void GroupRows::read(const DayPart& days) {
-  if (is_well()) code_ = sqlite3_bind_int64(select_.get(), call_.first_day, days.first);
-  if (is_well()) code_ = sqlite3_bind_int64(select_.get(), call_.last_day, days.last);
+  if (has_succeeded()) code_ = sqlite3_bind_int64(select_.get(), call_.first_day, days.first);
+  if (has_succeeded()) code_ = sqlite3_bind_int64(select_.get(), call_.last_day, days.last);
   read();
 }
 

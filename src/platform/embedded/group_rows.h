@@ -47,7 +47,7 @@ class GroupRows {
 
   /// SQLite's result code of what was done last. That the groups are too many is an error to it.
   int code() const { return code_; }
-  bool is_well() const { return code_ == SQLITE_OK; }
+  bool has_succeeded() const { return code_ == SQLITE_OK; }
   bool is_full() const { return groups_.size() > most_groups_; }
   GroupTable& groups() { return groups_; }
 

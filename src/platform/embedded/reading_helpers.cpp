@@ -47,7 +47,7 @@ void ReadingHelpers::open() {
   }
 }
 
-void ReadingHelpers::stand_by() noexcept {
+void ReadingHelpers::prepare_for_statement() noexcept {
   try {
     open();
     for (const auto& helper : helpers_) helper->seen = helper->count_commits();

@@ -25,7 +25,7 @@ class ReadingHelpers {
 
   /// To be called before a statement that they may help. The first time it opens their connections;
   /// where that fails they do not help.
-  void stand_by() noexcept;
+  void prepare_for_statement() noexcept;
 
  private:
   friend class HelpersAtWork;
@@ -42,7 +42,7 @@ class ReadingHelpers {
 class HelpersAtWork {
  public:
   /// Of `helpers` those that see what the statement at work on `main` sees: none where other
-  /// programs have committed since they stood by, or where `main` is in a transaction, whose
+  /// programs have committed since they were prepared, or where `main` is in a transaction, whose
   /// changes nobody else sees.
   HelpersAtWork(ReadingHelpers& helpers, sqlite3* main);
 
