@@ -28,6 +28,10 @@ struct ContractEngine {
   std::function<std::unique_ptr<ContractCatalogue>()> make_catalogue;
 };
 
+inline void PrintTo(const ContractEngine& engine, std::ostream* out) {
+  *out << engine.name;
+}
+
 class ConnectionContract : public ::testing::TestWithParam<ContractEngine> {
  protected:
   void SetUp() override {

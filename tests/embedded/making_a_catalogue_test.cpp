@@ -3,8 +3,8 @@
 
 #include <fstream>
 
-#include "embedded/failing_disk.h"
 #include "embedded/shop.h"
+#include "embedded/watched_disk.h"
 
 namespace tela::testing {
 namespace {
@@ -49,7 +49,7 @@ TEST(MakingACatalogueTest, ADiskThatIsFullAtAnyWriteLeavesAWholeFileOrNone) {
   for (bool was_full = true; was_full; ++writes) {
     std::string failure;
     {
-      const FailingDisk disk(writes);
+      const WatchedDisk disk(writes);
       failure = failure_of_making(file);
       was_full = disk.was_full();
     }

@@ -1,6 +1,9 @@
 // Transactions and locks of the embedded catalogue, beside another program.
 #include <gmock/gmock.h>
 
+#include <chrono>
+#include <thread>
+
 #include "embedded/shop.h"
 
 namespace tela::testing {
@@ -51,6 +54,18 @@ TEST_F(TransactionsTest, WhatWasReadInOneStaysTrueUntilItsChange) {
   program_->execute("update Sales set Qty=3");
   program_->commit_trans();
   EXPECT_EQ(till_.run(other_bill), SQLITE_OK);
+}
+
+TEST_F(TransactionsTest, AfterItHasHeldTheLockItLeavesTheTillsTheirTurn) {
+  using std::chrono::steady_clock;
+  program_->begin_trans();
+  program_->execute("delete from Sales");
+  const auto held_from = steady_clock::now();
+  std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  const auto held_to = steady_clock::now();
+  program_->commit_trans();
+  program_->execute("delete from Sales");
+  EXPECT_GE(steady_clock::now() - held_to, held_to - held_from);
 }
 
 TEST_F(TransactionsTest, FillingATemporaryTableHoldsNobodyUp) {

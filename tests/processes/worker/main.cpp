@@ -3,9 +3,9 @@
 //   till FILE NUMBER BILLS CHECKPOINT  writes BILLS bills (0: until standard input ends) and runs a
 //                                      checkpoint after every CHECKPOINT of them (0: never); prints
 //                                      their number
-//   reports FILE                       reads and stages until standard input ends; prints its
-//   rounds stage FILE                         fills SalesPrint again and again; prints each round's
-//   number
+//   reports FILE ROUNDS                reads and stages so often, or (0) until standard input ends;
+//                                      prints how often
+//   stage FILE                         fills SalesPrint again and again; prints each round's number
 //                                      once it is committed
 //
 // Ends with 1, and says why, on any failure and on any bill that is not whole.
@@ -53,10 +53,10 @@ constexpr const char* staging =
     "insert into SalesPrint select BillNo,sum(Amount) from Sales where BillDate='05/Jan/2024' "
     "group by BillNo";
 
-int run_reports(const std::string& file) {
+int run_reports(const std::string& file, int most_rounds) {
   const auto connection = connect(file);
   int rounds = 0;
-  for (; !input_has_ended(); ++rounds) {
+  for (; most_rounds == 0 ? !input_has_ended() : rounds < most_rounds; ++rounds) {
     if (!connection->execute(half_bills).rows.empty()) {
       std::cerr << "reports: saw half a bill\n";
       return 1;
@@ -87,9 +87,9 @@ int run(int count, char** words) {
   const std::string task = count > 2 ? words[1] : "";
   if (task == "till" && count == 6)
     return run_till(words[2], std::atoi(words[3]), std::atoi(words[4]), std::atoi(words[5]));
-  if (task == "reports") return run_reports(words[2]);
+  if (task == "reports" && count == 4) return run_reports(words[2], std::atoi(words[3]));
   if (task == "stage") return run_staging(words[2]);
-  std::cerr << "usage: till FILE NUMBER BILLS CHECKPOINT | reports FILE | stage FILE\n";
+  std::cerr << "usage: till FILE NUMBER BILLS CHECKPOINT | reports FILE ROUNDS | stage FILE\n";
   return 2;
 }
 
