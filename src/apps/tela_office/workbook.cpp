@@ -178,8 +178,12 @@ Workbook Workbook::find(const Desktop& office, const fs::path& file) {
 void Workbook::add_sheet(const SheetBlock& block) {
   const Reference<star::frame::XModel> model(document_, UNO_QUERY_THROW);
   const auto sheet = new_sheet(document_);
+  const Reference<star::beans::XPropertySet> settings(document_, UNO_QUERY_THROW);
+  // Painting, and the height of each row: all have that of one line.
   model->lockControllers();
+  settings->setPropertyValue("IsAdjustHeightEnabled", Any(false));
   write(document_, sheet, block);
+  settings->setPropertyValue("IsAdjustHeightEnabled", Any(true));
   model->unlockControllers();
 }
 

@@ -31,15 +31,16 @@ bool second_byte_fits(std::uint8_t first, std::uint8_t second) {
 
 }  // namespace
 
-CsvReader::CsvReader(std::istream& input) : input_(input) {
+// The buffer itself is read: the stream would look at its state for each character.
+CsvReader::CsvReader(std::istream& input) : input_(*input.rdbuf()) {
   for (const char byte : std::string_view("\xEF\xBB\xBF")) {
     if (peek() != std::istream::traits_type::to_int_type(byte)) return;
-    input_.get();
+    input_.sbumpc();
   }
 }
 
 int CsvReader::take() {
-  const int character = input_.get();
+  const int character = input_.sbumpc();
   if (character == '\n') ++line_;
   return character;
 }

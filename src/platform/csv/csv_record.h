@@ -38,9 +38,9 @@ class CsvReader {
   void read_quoted(CsvRecord& record, CsvField& field);
   bool at_end_of_record();
   int take();
-  int peek() { return input_.peek(); }
+  int peek() { return input_.sgetc(); }
 
-  std::istream& input_;
+  std::streambuf& input_;
   int line_ = 1;
 };
 
