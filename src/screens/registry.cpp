@@ -17,6 +17,11 @@
 #include "screens/sales_analysis/frmMobilePayDetails.h"
 #include "screens/sales_analysis/frmSaleReturn.h"
 #include "screens/sales_analysis/frmdailyIwiseSR.h"
+#include "screens/tax/frmDateWise.h"
+#include "screens/tax/frmGstModifySales.h"
+#include "screens/tax/frmHsnSalesReport.h"
+#include "screens/tax/frmRateOfTax.h"
+#include "screens/tax/tax_list.h"
 
 namespace tela {
 
@@ -49,6 +54,18 @@ std::span<const ScreenEntry> all_screens() {
       {"frmBarChartCounter", make_sister<PeriodChartScreen, frmBarChartCounter>},
       {"frmBarChartUser", make_sister<PeriodChartScreen, frmBarChartUser>},
       {"frmBarChartCost", make_screen<frmBarChartCost>},
+      {"frmDateWise", make_screen<frmDateWise>},
+      {"frmDateWiseGst", make_sister<TaxListReport, frmDateWiseGst>},
+      {"frmHsnSalesReport", make_screen<frmHsnSalesReport>},
+      {"frmGstModifySales", make_screen<frmGstModifySales>},
+      {"frmSgstPurchase", make_sister<TaxListReport, frmSgstPurchase>},
+      {"frmIgstPurchase", make_sister<TaxListReport, frmIgstPurchase>},
+      {"frmPurchaseReport", make_sister<TaxListReport, frmPurchaseReport>},
+      {"frmRateOfTax", make_screen<frmRateOfTax>},
+      {"frmRateOfGstI", make_sister<TaxListReport, frmRateOfGstI>},
+      {"frmHsnB2B", make_sister<TaxListReport, frmHsnB2B>},
+      {"frmBtoB", make_sister<TaxListReport, frmBtoB>},
+      {"frmRateOfGstB2B", make_sister<TaxListReport, frmRateOfGstB2B>},
       {"frmCreatT", make_screen<frmCreatT>},
   };
   return kScreens;

@@ -1,0 +1,22 @@
+// Purchases from other states, by rate.
+#include "screens/tax/shared_lists.h"
+
+namespace tela {
+
+TaxList frmRateOfGstI() {
+  return {
+      .screen = "frmRateOfGstI",
+      .caption = "RATE OF GST - OTHER STATE",
+      .words = mixed_words("EXCEL"),
+      .columns = rate_columns("TOTAL PURCHASE", "tTotalPurchase", "tTotalPurGst"),
+      .look = {.name = "MSHF1", .size = FillSize::blank_row_behind, .headed_at_load = false},
+      .results = tab_order(total_box("tTotalPurchase", "TOTAL Rs."), total_box("tTotalPurGst", "")),
+      .sql =
+          [](const Period& period) {
+            return stored_tax_by_rate("Purchase", period, "  and TaxType='IGST'");
+          },
+      .sheet = sheet_layouts::frmRateOfGstI,
+  };
+}
+
+}  // namespace tela
