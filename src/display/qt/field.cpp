@@ -27,7 +27,7 @@ const char* const kDateFormat = "dd/MM/yyyy";
 // Widths in characters of the field's font.
 constexpr int kBoxCharacters = 14;
 constexpr int kResultCharacters = 10;
-constexpr int kScratchCharacters = 4;  // a box without a caption
+constexpr int kScratchCharacters = 4;  // a box for typing without a caption
 constexpr int kComboCharacters = 18;
 
 int character_width(const QWidget& widget) {
@@ -136,8 +136,8 @@ class TextBox : public QLineEdit {
 };
 
 int characters_of(const Control& control) {
-  if (control.caption.empty()) return kScratchCharacters;
-  return control.locked && !control.password ? kResultCharacters : kBoxCharacters;
+  if (control.locked && !control.password) return kResultCharacters;
+  return control.caption.empty() ? kScratchCharacters : kBoxCharacters;
 }
 
 // Figures stand at the right, and what the program writes stands out from what is typed.

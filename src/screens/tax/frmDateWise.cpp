@@ -56,7 +56,7 @@ TaxList definition() {
       .look = {.bands = RowBands{0, 7}, .size = FillSize::blank_row_behind},
       .results =
           tab_order(std::move(totals_caption), total_box("Text2", ""), total_box("Text3", ""),
-                    total_box("Text4", ""), total_box("Text5", ""), tela::grid("MSHFlexGrid1", 5)),
+                    total_box("Text4", ""), total_box("Text5", ""), grid("MSHFlexGrid1", 5)),
       .after_dates = "",
       .staging = frmDateWise::staging,
       .sql = frmDateWise::sql,
