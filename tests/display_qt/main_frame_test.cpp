@@ -121,4 +121,13 @@ TEST(MainFrame, ShowsEveryScreen) {
   }
 }
 
+// A total may stand without a caption, beside one that has it; both have room for their figures.
+TEST(MainFrame, GivesEveryTotalTheSameRoom) {
+  Desktop desktop;
+  ScreenView& view = desktop.open("frmRateOfTax");
+  const int room = child<QWidget>(view, "tTotalSales").width();
+  EXPECT_EQ(child<QWidget>(view, "tTotalSalesGst").width(), room);
+  EXPECT_EQ(child<QWidget>(view, "tTotalPurGst").width(), room);
+}
+
 }  // namespace tela::testing
