@@ -9,7 +9,7 @@ TaxList frmRateOfGstI() {
       .caption = "RATE OF GST - OTHER STATE",
       .words = mixed_words("EXCEL"),
       .columns = rate_columns("TOTAL PURCHASE", "tTotalPurchase", "tTotalPurGst"),
-      .look = {.name = "MSHF1", .size = FillSize::blank_row_behind, .headed_at_load = false},
+      .look = rate_look("MSHF1"),
       .results = tab_order(total_box("tTotalPurchase", "TOTAL Rs."), total_box("tTotalPurGst", "")),
       .sql =
           [](const Period& period) {

@@ -30,7 +30,7 @@ TaxList definition() {
       .caption = "RATE OF TAX REPORT",
       .words = mixed_words("EXCEL"),
       .columns = sales_columns(),
-      .look = {.size = FillSize::blank_row_behind, .headed_at_load = false},
+      .look = rate_look("MSHF"),
       .results = tab_order(total_box("tTotalSales", "TOTAL Rs."), total_box("tTotalSalesGst", ""),
                            total_box("tCess", "CESS"), grid("MSHF1", 4),
                            total_box("tTotalPurchase", "TOTAL Rs."), total_box("tTotalPurGst", ""),
@@ -46,7 +46,7 @@ TaxList definition() {
 frmRateOfTax::frmRateOfTax(AppState& app)
     : TaxListReport(app, definition()),
       purchases_(form(), rate_columns("TOTAL PURCHASE", "tTotalPurchase", "tTotalPurGst"),
-                 {.name = "MSHF1", .size = FillSize::blank_row_behind, .headed_at_load = false}) {}
+                 rate_look("MSHF1")) {}
 
 std::vector<Statements> frmRateOfTax::staging(const Period& period) {
   return {{"Create Table #GstTable (Amount float,iIgst float,BasicRate float,TaxAmount float,"

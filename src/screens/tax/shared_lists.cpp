@@ -83,6 +83,13 @@ GridColumns rate_columns(std::string amount, std::string amount_box, std::string
   };
 }
 
+GridLook rate_look(std::string grid) {
+  return {.name = std::move(grid),
+          .size = FillSize::blank_row_behind,
+          .headed_at_load = false,
+          .blank_row_counts = true};
+}
+
 std::string stored_tax_by_rate(const std::string& table, const Period& period,
                                const std::string& type) {
   return "Select sum(Amount),iIGst,sum(iCGstAmt + iSGstAmt + iIGstAmt) from " + table + " where " +

@@ -27,6 +27,8 @@ TaxList hsn_list(CellSource taxable, CellSource integrated, int central);
 
 /// A row a rate, of lines that store their tax: the sum of `Amount`, the rate, the tax.
 GridColumns rate_columns(std::string amount, std::string amount_box, std::string tax_box);
+/// How such a list looks that adds a row for each rate, with the blank row among the summed ones.
+GridLook rate_look(std::string grid);
 /// The rows of such a list. `type` is the condition on the tax type, with the blanks ahead of it.
 std::string stored_tax_by_rate(const std::string& table, const Period& period,
                                const std::string& type);
