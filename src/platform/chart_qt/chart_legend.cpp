@@ -11,9 +11,10 @@ namespace tela {
 
 namespace {
 
-constexpr double kLeading = 2;     // pixels between two entries
-constexpr double kGap = 6;         // between colour, label and figure
-constexpr double kColumnGap = 10;  // behind a column
+constexpr double kLeading = 2;      // pixels between two entries
+constexpr double kGap = 6;          // between colour, label and figure
+constexpr double kLeastLabel = 50;  // what a label gets ahead of its figure
+constexpr double kColumnGap = 10;   // behind a column
 
 double entry_height(const QFont& font) {
   return QFontMetricsF(font).height() + kLeading;
@@ -76,9 +77,13 @@ void ChartLegend::paint_entry(QPainter& painter, int entry, const QRectF& place)
   painter.setBrush(row_colour(entry));
   painter.drawRect(QRectF(place.left() + 0.5, place.center().y() - size / 2, size, size));
   const double start = place.left() + size + kGap;
-  const double label = place.right() - metrics.horizontalAdvance(figure(row)) - kGap - start;
+  const double whole = metrics.horizontalAdvance(row.label);
+  double label = place.right() - metrics.horizontalAdvance(figure(row)) - kGap - start;
   painter.setPen(kChartInk);
-  painter.drawText(place, Qt::AlignRight | Qt::AlignVCenter, figure(row));
+  if (label < std::min(whole, kLeastLabel))
+    label = place.right() - start;
+  else
+    painter.drawText(place, Qt::AlignRight | Qt::AlignVCenter, figure(row));
   painter.drawText(QRectF(start, place.top(), label, place.height()),
                    Qt::AlignLeft | Qt::AlignVCenter,
                    metrics.elidedText(row.label, Qt::ElideRight, label));

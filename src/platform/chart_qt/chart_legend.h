@@ -14,7 +14,8 @@ namespace tela {
 class ChartLegend {
  public:
   /// Plans a legend in `room`: in the small font where the rows are many, then in two columns, and
-  /// where even these are full, the last entry says how many more there are.
+  /// where even these are full, the last entry says how many more there are. In a narrow room the
+  /// figures give way to the labels.
   ChartLegend(const std::vector<DrawnRow>& rows, const ChartFonts& fonts, QSizeF room);
 
   double width() const { return columns_ * column_width_; }

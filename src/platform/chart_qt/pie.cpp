@@ -16,6 +16,7 @@ namespace {
 constexpr double kWholeTurn = 360;
 constexpr double kLeader = 26;  // pixels from the pie to its labels
 constexpr double kGap = 4;
+constexpr double kAnyRoom = 1e6;
 constexpr int kAtLeft = Qt::AlignLeft | Qt::AlignVCenter;
 constexpr int kAtRight = Qt::AlignRight | Qt::AlignVCenter;
 
@@ -49,7 +50,7 @@ Pie::Pie(const std::vector<DrawnRow>& rows, const QFont& font, const QRectF& are
   double widest = 0;
   if (labelled_)
     for (const Slice& slice : slices_)
-      widest = std::max(widest, QFontMetricsF(font_).horizontalAdvance(label(slice)));
+      widest = std::max(widest, QFontMetricsF(font_).horizontalAdvance(label(slice, kAnyRoom)));
   const double beside = labelled_ ? std::min(widest + kLeader, area.width() * 0.32) : 0;
   radius_ = std::max(20.0, std::min(area.width() / 2 - beside, area.height() / 2 - kLeader / 2));
 }
@@ -72,11 +73,14 @@ void Pie::add_to(QChart& chart) const {
   chart.addSeries(series);
 }
 
-QString Pie::label(const Slice& slice) const {
+QString Pie::label(const Slice& slice, double room) const {
   constexpr double kWholeFrom = 10;  // per cent
-  const double share = slice.span / kWholeTurn * 100;
-  const std::string number = fixed_decimal(share, share < kWholeFrom ? 1 : 0);
-  return rows_[slice.row].label + "  " + QString::fromStdString(number) + "%";
+  const QFontMetricsF metrics(font_);
+  const double part = slice.span / kWholeTurn * 100;
+  const QString share =
+      "  " + QString::fromStdString(fixed_decimal(part, part < kWholeFrom ? 1 : 0)) + "%";
+  const double for_name = room - metrics.horizontalAdvance(share);
+  return metrics.elidedText(rows_[slice.row].label, Qt::ElideRight, for_name) + share;
 }
 
 QPointF Pie::direction(const Slice& slice) const {
@@ -121,8 +125,7 @@ void Pie::paint_side(QPainter& painter, bool right) const {
     painter.setPen(kChartInk);
     const QRectF place(right ? text_start : area_.left(), heights[i] - metrics.height() / 2, width,
                        metrics.height());
-    painter.drawText(place, right ? kAtLeft : kAtRight,
-                     metrics.elidedText(label(side[i]), Qt::ElideMiddle, width));
+    painter.drawText(place, right ? kAtLeft : kAtRight, label(side[i], width));
   }
 }
 

@@ -37,7 +37,9 @@ class Pie {
     double middle() const { return start + span / 2; }
   };
 
-  QString label(const Slice& slice) const;
+  /// The row's label and share; a label that is too long for the room is cut short, the share
+  /// never.
+  QString label(const Slice& slice, double room) const;
   QPointF direction(const Slice& slice) const;
   void paint_side(QPainter& painter, bool right) const;
 
