@@ -29,7 +29,7 @@ void ReportGrid::clear() const {
 }
 
 void ReportGrid::show(AppState& app, std::string_view sql,
-                      const std::function<void(const Recordset&)>& with_rows) const {
+                      const std::function<void(Recordset&)>& with_rows) const {
   clear();
   fill(app, OpenRs(app, sql));
   if (with_rows) with_rows(*app.Rs);

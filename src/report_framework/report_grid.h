@@ -59,7 +59,7 @@ class ReportGrid {
   /// the closing of `Rs`, for what else is read of it. A failure leaves the grid empty, without
   /// its headings. Throws what the database throws, and GridError when the rows do not fit a grid.
   void show(AppState& app, std::string_view sql,
-            const std::function<void(const Recordset&)>& with_rows = {}) const;
+            const std::function<void(Recordset&)>& with_rows = {}) const;
 
   // The steps of `show`, for a screen that orders them otherwise.
 

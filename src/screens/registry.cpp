@@ -11,6 +11,10 @@
 #include "screens/profit/frmCatagoryProfit.h"
 #include "screens/profit/frmMonthlyProfit.h"
 #include "screens/profit/frmProfitView.h"
+#include "screens/purchase/frmIWPurRep.h"
+#include "screens/purchase/frmPurBillView.h"
+#include "screens/purchase/frmPurchaseView.h"
+#include "screens/purchase/purchase_list.h"
 #include "screens/sales_analysis/filtered_sales.h"
 #include "screens/sales_analysis/frmDetailSales1.h"
 #include "screens/sales_analysis/frmItemSalesReport.h"
@@ -66,6 +70,13 @@ std::span<const ScreenEntry> all_screens() {
       {"frmHsnB2B", make_sister<TaxListReport, frmHsnB2B>},
       {"frmBtoB", make_sister<TaxListReport, frmBtoB>},
       {"frmRateOfGstB2B", make_sister<TaxListReport, frmRateOfGstB2B>},
+      {"frmPurBillView", make_screen<frmPurBillView>},
+      {"frmPurchaseView", make_screen<frmPurchaseView>},
+      {"frmMPreport", make_sister<PurchaseListReport, frmMPreport>},
+      {"frmmonthlyPR", make_sister<PurchaseListReport, frmmonthlyPR>},
+      {"frmItemPurchaseReport", make_sister<PurchaseListReport, frmItemPurchaseReport>},
+      {"frmIWPurRep", make_screen<frmIWPurRep>},
+      {"frmTotalPurchase", make_sister<PurchaseListReport, frmTotalPurchase>},
       {"frmCreatT", make_screen<frmCreatT>},
   };
   return kScreens;

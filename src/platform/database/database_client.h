@@ -119,6 +119,7 @@ class Recordset {
   bool is_open() const { return open_; }
   /// True when there is no current row. The recordset must be open, as for all that follows.
   bool eof() const;
+  void move_first();
   void move_next();
   int record_count() const;
   int field_count() const;

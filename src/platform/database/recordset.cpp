@@ -23,6 +23,11 @@ bool Recordset::eof() const {
   return position_ >= rows_.rows.size();
 }
 
+void Recordset::move_first() {
+  require_open();
+  position_ = 0;
+}
+
 void Recordset::move_next() {
   if (eof()) throw DatabaseError(DatabaseError::Kind::other, "There is no next record.");
   ++position_;
