@@ -87,6 +87,11 @@ Control chart(std::string name) {
   return control;
 }
 
+std::vector<Control> group(const std::string& title, std::vector<Control> controls) {
+  for (Control& control : controls) control.group = title;
+  return controls;
+}
+
 void append(std::vector<Control>& controls, std::vector<Control> more) {
   for (Control& control : more) controls.push_back(std::move(control));
 }

@@ -41,6 +41,9 @@ struct Control {
   std::unique_ptr<Grid> grid = nullptr;
   std::unique_ptr<Chart> chart = nullptr;
 
+  /// Neighbours of one group stand together in a frame that bears its title; empty: no frame.
+  std::string group = {};
+
   bool enabled = true;
   bool visible = true;
   bool locked = false;           ///< typing has no effect
@@ -74,6 +77,9 @@ std::vector<Control> tab_order(Each... controls) {
   (all.push_back(std::move(controls)), ...);
   return all;
 }
+
+/// The controls as one group.
+std::vector<Control> group(const std::string& title, std::vector<Control> controls);
 
 /// Appends `more` to a list of controls.
 void append(std::vector<Control>& controls, std::vector<Control> more);

@@ -17,6 +17,12 @@
 #include "display/qt/login_window.h"
 #include "display/qt/main_frame.h"
 #include "display/qt/preview_window.h"
+#include "display/qt/screen_view.h"
+#include "platform/text/date_text.h"
+#include "screens/registry.h"
+#include "shell/app_state.h"
+#include "shell/database_gateway.h"
+#include "shell/windows.h"
 
 namespace tela {
 
@@ -36,6 +42,7 @@ void PictureTour::run() {
   open_last_bill();
   charts();
   preview();
+  every_screen();
 }
 
 void PictureTour::log_in() {
@@ -97,6 +104,53 @@ void PictureTour::preview() {
   display_.preview_window()->showNormal();
   display_.preview_window()->resize(kFrameSize);
   save_picture(*display_.preview_window(), folder_, "preview");
+}
+
+// What the tour types into a screen: the last month, the last entry of each list, which is the one
+// for all, and bounds that let everything through.
+void PictureTour::fill_inputs(Screen& screen) {
+  const Value last = app_.Con->execute("select max(BillDate) from SalesTemp").rows[0][0];
+  const auto* day = std::get_if<Date>(&last);
+  if (!day) return;
+  int pickers = 0;
+  int bounds = 0;
+  for (const Control& control : screen.form().controls()) {
+    if (control.kind == ControlKind::date) {
+      const bool first_of_two = ++pickers == 1 && screen.form().has("DTP2");
+      const Date shown = first_of_two ? day->year() / day->month() / 1 : *day;
+      screen.set(control.name, format_date(shown, "dd/mm/yyyy"));
+    }
+    if (control.kind == ControlKind::combo && !control.items.empty() && control.text.empty())
+      screen.pick(control.name, control.items.back());
+    if (control.numeric_only && !control.locked && screen.form().has("Text2"))
+      screen.set(control.name, ++bounds == 1 ? "1" : "100000");
+  }
+}
+
+void PictureTour::every_screen() {
+  folder_.mkpath("screens");
+  QTimer answer;
+  QObject::connect(&answer, &QTimer::timeout, [] {
+    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) box->reject();
+  });
+  answer.start(10);
+  const auto newest = [this](const char* sql) {
+    const Value number = app_.Con->execute(sql).rows[0][0];
+    return static_cast<std::int32_t>(field_number(number));
+  };
+  app_.SaleBillNo = newest("select max(BillNo) from SalesTemp");
+  app_.PurBillNo = newest("select max(GrnNo) from PurchaseTemp");
+  MainFrame& frame = *display_.main_frame();
+  for (const ScreenEntry& entry : all_screens()) {
+    Screen& screen = app_.windows.open(app_, entry.name);
+    fill_inputs(screen);
+    if (screen.form().has("cmdView")) screen.press("cmdView");
+    auto& window = part<QMdiSubWindow>(frame, screen.name().c_str());
+    window.findChild<ScreenView*>()->mirror();
+    save_picture(window, folder_, "screens/" + QString::fromStdString(screen.name()));
+    app_.windows.close(app_, screen.name());
+    app_.windows.destroy_closed();
+  }
 }
 
 }  // namespace tela

@@ -14,7 +14,8 @@ class PictureTour {
   PictureTour(QtDisplay& display, AppState& app, const QDir& folder);
 
   /// Logs in, lists the bills of the last day on which there are any, opens the last one of them,
-  /// two charts and the preview. Throws std::runtime_error where the way ends early.
+  /// two charts and the preview, and then each screen of the program over the last month. Throws
+  /// std::runtime_error where the way ends early.
   void run();
 
  private:
@@ -23,6 +24,8 @@ class PictureTour {
   void open_last_bill();
   void charts();
   void preview();
+  void every_screen();
+  void fill_inputs(Screen& screen);
 
   QtDisplay& display_;
   AppState& app_;

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFocusEvent>
 #include <QFormLayout>
+#include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -50,6 +51,19 @@ QWidget* captioned(const Control& control, QWidget* input) {
   column->addWidget(caption_label(control, input));
   column->addWidget(input);
   return cell;
+}
+
+// A row of fields that goes on in the next line where it must; in a frame if it has a title.
+QLayout* add_row(QVBoxLayout& column, const std::string& title) {
+  auto* row = new FlowLayout(kGap);
+  if (title.empty()) {
+    column.addLayout(row);
+    return row;
+  }
+  auto* frame = new QGroupBox(QString::fromStdString(title));
+  frame->setLayout(row);
+  column.addWidget(frame);
+  return row;
 }
 
 bool is_enter(int key) {
@@ -108,8 +122,8 @@ FieldActions ScreenView::actions(const std::string& control) {
 }
 
 void ScreenView::lay_out_report(QVBoxLayout& column) {
-  FlowLayout* inputs = nullptr;
-  FlowLayout* row = nullptr;
+  QLayout* row = nullptr;
+  std::string group;
   for (const Control& control : screen_->form().controls()) {
     cells_.push_back(make_cell(control, true));
     QWidget* whole = cells_.back().whole;
@@ -118,9 +132,9 @@ void ScreenView::lay_out_report(QVBoxLayout& column) {
       row = nullptr;
       continue;
     }
-    if (!row) column.addLayout(row = new FlowLayout(kGap));
+    if (!row || control.group != group) row = add_row(column, control.group);
+    group = control.group;
     row->addWidget(whole);
-    if (!inputs) inputs = row;
   }
 }
 

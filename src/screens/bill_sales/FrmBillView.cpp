@@ -70,9 +70,11 @@ std::vector<Control> controls() {
                 button("cmdNext", "&NEXT BILL"), button("CmdPrevious", "PREVIOUS "),
                 button("cmdprint", "&Print"), button("cmdRefresh", "&REFRESH"),
                 button("cmdClose", "E&XIT"), grid("MSHF", 7, 1));
-  append(all, header_controls());
-  append(all, tab_order(text_box("tTotalPaid", "TOTAL PAID "), text_box("tTotalQty", "TOTAL QTY"),
-                        text_box("tMrpTotal", "MRP TOTAL"), text_box("tSaved", "SAVED")));
+  append(all, group("BILL", header_controls()));
+  append(all,
+         group("SUMS",
+               tab_order(text_box("tTotalPaid", "TOTAL PAID "), text_box("tTotalQty", "TOTAL QTY"),
+                         text_box("tMrpTotal", "MRP TOTAL"), text_box("tSaved", "SAVED"))));
   return all;
 }
 

@@ -69,21 +69,32 @@ Control hidden(Control control) {
   return control;
 }
 
+std::vector<Control> supplier_controls() {
+  std::vector<Control> all = tab_order(text_box("tcustcode", "Code").selected_on_focus());
+  for (const RowBox& box : supplier_boxes())
+    all.push_back(box.name.starts_with('l') ? label(box.name) : shown_box(box));
+  return all;
+}
+
+std::vector<Control> sum_controls(const NoteViewer& viewer) {
+  std::vector<Control> all = tab_order(label("lblTotalQty", "TOTAL QTY.  ").with_text("0.00"));
+  for (const RowBox& box : sum_boxes(viewer)) all.push_back(total_box(box.name, box.label));
+  all.push_back(total_box("tTotalMargin", "MARGIN "));
+  return all;
+}
+
 std::vector<Control> controls(NoteViewer& viewer) {
   std::vector<Control> all = tab_order(
       text_box("tGrnNo", " GRN No. ").numeric().selected_on_focus(), button("cmdView", "&VIEW"),
       button("cmdNext", "&NEXT"), button("Command1", "PREVIO&US"));
   append(all, std::move(viewer.buttons));
-  append(all, tab_order(button("cmdClose", "&CLOSE"), button("cmdEnter", "&Enter"),
-                        text_box("Text1", " BILL  No."), date_picker("DTPicker1", "DATE :"),
-                        text_box("tcustcode", "Code").selected_on_focus()));
-  for (const RowBox& box : supplier_boxes())
-    all.push_back(box.name.starts_with('l') ? label(box.name) : shown_box(box));
-  append(all, tab_order(label("lInternalNo"), grid("MSHF", 19),
-                        label("lblTotalQty", "TOTAL QTY.  ").with_text("0.00")));
-  for (const RowBox& box : sum_boxes(viewer)) all.push_back(total_box(box.name, box.label));
-  append(all, tab_order(total_box("tTotalMargin", "MARGIN "),
-                        hidden(label("lTotalRows").with_text("1")), hidden(text_box("tSerialNo")),
+  append(all, tab_order(button("cmdClose", "&CLOSE"), button("cmdEnter", "&Enter")));
+  append(all, group("BILL", tab_order(text_box("Text1", " BILL  No."),
+                                      date_picker("DTPicker1", "DATE :"), label("lInternalNo"))));
+  append(all, group("SUPPLIER", supplier_controls()));
+  all.push_back(grid("MSHF", 19));
+  append(all, group("SUMS", sum_controls(viewer)));
+  append(all, tab_order(hidden(label("lTotalRows").with_text("1")), hidden(text_box("tSerialNo")),
                         hidden(text_box("tHSN")), hidden(text_box("TStock"))));
   return all;
 }
