@@ -21,7 +21,7 @@ using File = std::unique_ptr<std::FILE, CloseFile>;
 
 /// A file without a name that holds `text`, read from its beginning; it is gone when it is closed.
 /// Throws std::system_error.
-File scratch_file(std::string_view text = {});
+File scratch_file(std::string_view text = "");
 
 struct ProgramCall {
   std::vector<std::string> words;  ///< the program, a path or a name on the PATH, and its arguments
