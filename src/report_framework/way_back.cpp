@@ -129,9 +129,9 @@ void WayBack::keep_removed(std::string_view table, const std::string& rows, cons
                       [&](auto fields, auto row) { add_row(file, fields, row); });
 }
 
-void WayBack::keep_added(std::string_view table, const std::string& select) {
+void WayBack::keep_added(std::string_view table, const std::string& select, const Columns& key) {
   require_open();
-  File& file = file_of({.table = std::string(table), .change = Change::added});
+  File& file = file_of({.table = std::string(table), .change = Change::added, .key = key});
   app_.Con->read_each(select, [&](auto fields, auto row) { add_row(file, fields, row); });
 }
 

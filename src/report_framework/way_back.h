@@ -62,8 +62,9 @@ class WayBack {
                     const std::string& rows = {}, const Columns& key = {});
 
   /// Notes the rows that the next statement adds, which `select` gives with the table's column
-  /// names. They are taken away again if they are still there as they were added.
-  void keep_added(std::string_view table, const std::string& select);
+  /// names. They are taken away again if they are still there as they were added; `key` tells a row
+  /// that others have written to since from one that was never added.
+  void keep_added(std::string_view table, const std::string& select, const Columns& key = {});
 
   /// Lets the kept rows appear, safely stored, and then commits the transaction.
   void commit();

@@ -6,11 +6,15 @@
 #include <chrono>
 #include <ctime>
 #include <iostream>
+#include <memory>
+#include <string>
 #include <vector>
 
 #include "apps/tela_catalogue/commands/arguments.h"
 #include "apps/tela_catalogue/commands/commands.h"
+#include "apps/tela_catalogue/commands/kept_commands.h"
 #include "apps/tela_catalogue/commands/server_commands.h"
+#include "platform/catalogue/catalogue_client.h"
 #include "platform/paths/paths.h"
 
 namespace {
@@ -23,6 +27,16 @@ tela::Date today() {
 }
 
 constexpr std::string_view catalogue_name = "TelaData";
+/// Rows of a large table are brought back in their own time.
+constexpr std::chrono::minutes long_statement{30};
+
+/// The embedded catalogue or the server, as the program finds it.
+std::unique_ptr<tela::Connection> open_catalogue(const tela::Paths& paths) {
+  auto connection = tela::make_catalogue_factory(paths)();
+  connection->set_command_timeout(long_statement);
+  connection->open("Initial Catalog=" + std::string(catalogue_name));
+  return connection;
+}
 
 bool run(const tela::CatalogueArguments& arguments, tela::Messages& messages) {
   using tela::CatalogueCommand;
@@ -44,6 +58,12 @@ bool run(const tela::CatalogueArguments& arguments, tela::Messages& messages) {
       return true;
     case CatalogueCommand::check:
       return tela::check_catalogue(catalogue, messages);
+    case CatalogueCommand::list_kept:
+      tela::list_kept(paths.way_back(), std::cout);
+      return true;
+    case CatalogueCommand::restore:
+      tela::restore_kept(*open_catalogue(paths), paths.way_back(), arguments.kept, messages);
+      return true;
     case CatalogueCommand::script:
       tela::write_server_script(std::cout);
       return true;

@@ -12,6 +12,9 @@ namespace tela {
 /// The file of a part that holds its list of contents.
 inline constexpr const char* kept_contents_file = "contents.csv";
 
+/// What stands behind the name of a folder that is not whole yet.
+inline constexpr const char* unfinished_kept_rows = ".unfinished";
+
 /// Rows of one table, and what became of them.
 struct KeptTable {
   enum class Change { removed, changed, added };

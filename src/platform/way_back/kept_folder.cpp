@@ -14,12 +14,12 @@
 #include <utility>
 #include <vector>
 
+#include "platform/way_back/kept_contents.h"
+
 namespace tela {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr const char* unfinished = ".unfinished";
 
 [[noreturn]] void fail(const fs::path& path, int error) {
   const bool full = error == ENOSPC || error == EDQUOT || error == EFBIG;
@@ -77,7 +77,7 @@ void sync_folder(const fs::path& folder) {
 }
 
 bool is_abandoned(const fs::path& folder) {
-  return folder.extension() == unfinished && !open_folder(folder).is_locked_elsewhere();
+  return folder.extension() == unfinished_kept_rows && !open_folder(folder).is_locked_elsewhere();
 }
 
 std::vector<fs::path> entries_of(const fs::path& folder) {
@@ -94,7 +94,8 @@ void remove_abandoned(const fs::path& folder) {
   for (const fs::path& action : entries_of(folder)) {
     if (is_abandoned(action)) fs::remove_all(action, ignored);
     for (const fs::path& part : entries_of(action))
-      if (action.extension() != unfinished && is_abandoned(part)) fs::remove_all(part, ignored);
+      if (action.extension() != unfinished_kept_rows && is_abandoned(part))
+        fs::remove_all(part, ignored);
   }
 }
 
@@ -108,7 +109,7 @@ std::string moment() {
 }
 
 fs::path with_mark(const fs::path& path) {
-  return path.string() + unfinished;
+  return path.string() + unfinished_kept_rows;
 }
 
 class KeptFolder : public KeptRows {

@@ -15,7 +15,8 @@ constexpr CommandName commands[] = {
     {"create", CatalogueCommand::create},      {"demo", CatalogueCommand::demo},
     {"import", CatalogueCommand::import_rows}, {"export", CatalogueCommand::export_rows},
     {"check", CatalogueCommand::check},        {"script", CatalogueCommand::script},
-    {"copy", CatalogueCommand::copy},          {"workbooks", CatalogueCommand::workbooks}};
+    {"copy", CatalogueCommand::copy},          {"workbooks", CatalogueCommand::workbooks},
+    {"kept", CatalogueCommand::list_kept},     {"restore", CatalogueCommand::restore}};
 
 // The words of a command line that are still to be read.
 class Words {
@@ -101,6 +102,8 @@ CatalogueArguments parse_arguments(std::span<const std::string_view> given, Date
     arguments.table = words.take("the table");
     arguments.file = words.take("the file");
   }
+  if (arguments.command == CatalogueCommand::restore)
+    arguments.kept = words.take("the name of the kept rows");
   if (!words.empty()) throw UsageError("'" + std::string(words.peek()) + "' is not expected here");
   return arguments;
 }
@@ -118,6 +121,8 @@ std::string_view usage_text() {
   import TABLE FILE.csv    add the rows of a file to a table
   export TABLE FILE.csv    write the rows of a table to a file
   check                    look for damage, and for what looks wrong in the data
+  kept                     list the rows that actions removed or rewrote
+  restore NAME             bring back what one of these actions removed or rewrote
   script                   write the T-SQL that makes an empty catalogue on a server
   copy                     copy the catalogue to the server that TelaData.odbc beside it names
   workbooks                make the empty workbooks that the Excel buttons add sheets to, by

@@ -25,7 +25,9 @@ enum class CatalogueCommand {
   check,
   script,
   copy,
-  workbooks
+  workbooks,
+  list_kept,
+  restore
 };
 
 struct CatalogueArguments {
@@ -34,6 +36,7 @@ struct CatalogueArguments {
   demo::DemoOptions demo;      ///< of demo
   std::string table;           ///< of import and export
   std::filesystem::path file;  ///< of import and export
+  std::string kept;            ///< of restore: the name of a folder of kept rows
 };
 
 /// Reads the words behind the program's name. A demo ends on `today` unless it is told otherwise.
