@@ -6,7 +6,12 @@
 #include "screens/graphs/frmBarChart.h"
 #include "screens/graphs/frmBarChartCost.h"
 #include "screens/graphs/period_chart.h"
+#include "screens/maintenance/StartDeleteBills.h"
+#include "screens/maintenance/frmCatSaleDelete.h"
+#include "screens/maintenance/frmCatWSaleDelete.h"
 #include "screens/maintenance/frmCreatT.h"
+#include "screens/maintenance/frmGiftAndPoints.h"
+#include "screens/maintenance/frmPoints.h"
 #include "screens/profit/frmBillWiseProfit.h"
 #include "screens/profit/frmCatagoryProfit.h"
 #include "screens/profit/frmMonthlyProfit.h"
@@ -77,9 +82,18 @@ std::span<const ScreenEntry> all_screens() {
       {"frmItemPurchaseReport", make_sister<PurchaseListReport, frmItemPurchaseReport>},
       {"frmIWPurRep", make_screen<frmIWPurRep>},
       {"frmTotalPurchase", make_sister<PurchaseListReport, frmTotalPurchase>},
+      {"frmCatSaleDelete", make_screen<frmCatSaleDelete>},
+      {"frmCatWSaleDelete", make_screen<frmCatWSaleDelete>},
+      {"frmPoints", make_screen<frmPoints>},
+      {"frmGiftAndPoints", make_screen<frmGiftAndPoints>},
       {"frmCreatT", make_screen<frmCreatT>},
   };
   return kScreens;
+}
+
+std::span<const ActionEntry> all_actions() {
+  static constexpr ActionEntry kActions[] = {{"StartDeleteBills", StartDeleteBills}};
+  return kActions;
 }
 
 }  // namespace tela

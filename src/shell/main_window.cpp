@@ -84,6 +84,8 @@ void MainWindow::switch_off(std::string_view menu) {
 }
 
 void MainWindow::open_screen(std::string_view screen) {
+  if (const ActionEntry* action = app().windows.find_action(screen))
+    return run_event(app(), [&] { action->run(app()); });
   if (!app().windows.knows(screen)) return;
   run_event(app(), [&] { app().windows.open(app(), screen); });
   app().windows.destroy_closed();

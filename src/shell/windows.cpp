@@ -10,12 +10,18 @@
 
 namespace tela {
 
-Windows::Windows(std::span<const ScreenEntry> registry) : registry_(registry) {}
+Windows::Windows(std::span<const ScreenEntry> registry, std::span<const ActionEntry> actions)
+    : registry_(registry), actions_(actions) {}
 Windows::~Windows() = default;
 
 bool Windows::knows(std::string_view screen) const {
   return std::any_of(registry_.begin(), registry_.end(),
                      [&](const ScreenEntry& entry) { return entry.name == screen; });
+}
+
+const ActionEntry* Windows::find_action(std::string_view name) const {
+  const auto found = std::ranges::find(actions_, name, &ActionEntry::name);
+  return found == actions_.end() ? nullptr : &*found;
 }
 
 Screen* Windows::find(std::string_view screen) const {

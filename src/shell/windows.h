@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "shell/action.h"
 #include "shell/report_window.h"
 #include "shell/screen.h"
 
@@ -19,11 +20,15 @@ class OwnerLogin;
 
 class Windows {
  public:
-  /// `registry` lists every screen that can be opened; it must outlive this object.
-  explicit Windows(std::span<const ScreenEntry> registry);
+  /// `registry` lists every screen that can be opened, `actions` what else the menu runs; both must
+  /// outlive this object.
+  explicit Windows(std::span<const ScreenEntry> registry,
+                   std::span<const ActionEntry> actions = {});
   ~Windows();
 
   bool knows(std::string_view screen) const;
+  /// The action of that name, else null.
+  const ActionEntry* find_action(std::string_view name) const;
 
   /// Creates the screen if it does not exist yet (which loads it), shows it and brings it to the
   /// front. Throws UserActionError if there is no such screen.
@@ -59,6 +64,7 @@ class Windows {
 
  private:
   std::span<const ScreenEntry> registry_;
+  std::span<const ActionEntry> actions_;
   std::vector<std::unique_ptr<Screen>> stack_;   // back to front
   std::vector<std::unique_ptr<Screen>> closed_;  // their event may still be running
   std::unique_ptr<OwnerLogin> login_;

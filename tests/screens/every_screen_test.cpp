@@ -64,9 +64,10 @@ void work_through(Shop& shop, const std::string& name) {
   shop.run("open " + name);
   const Screen* screen = shop.state().windows.find(name);
   ASSERT_TRUE(screen) << name;
+  const std::string anew = "open " + name + "\nclose\nopen " + name;
   for (const std::string& button : buttons(*screen)) {
-    expect_no_failure(shop.run("open " + name + "\nanswer ok\npress " + button), name + button);
-    shop.run("open " + name);
+    expect_no_failure(shop.run(anew + "\nanswer ok\npress " + button), name + button);
+    shop.run(anew);
     const std::string inputs = fill_inputs(*shop.state().windows.find(name));
     expect_no_failure(shop.run(inputs + "answer ok ok\npress " + button), name + "." + button);
   }

@@ -78,7 +78,7 @@ Shop::Shop()
   platform_.keep_rows = [this](std::string_view screen) {
     return keep_in_folder(paths_.way_back(), screen);
   };
-  windows_ = std::make_unique<Windows>(all_screens());
+  windows_ = std::make_unique<Windows>(all_screens(), all_actions());
   state_ = std::make_unique<AppState>(platform_, display_, *windows_);
   windows_->create_login(*state_);
 }

@@ -51,7 +51,7 @@ Platform make_platform(const Paths& paths) {
 
 Program::Program(Platform platform, Display& display)
     : platform_(std::move(platform)),
-      windows_(all_screens()),
+      windows_(all_screens(), all_actions()),
       state_(platform_, display, windows_) {
   windows_.create_login(state_);
 }

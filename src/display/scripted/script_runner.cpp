@@ -112,11 +112,12 @@ void ScriptRunner::log_in_fully() {
 
 void ScriptRunner::open(std::string_view argument) {
   const auto screen = word(argument, "a screen's name");
-  if (!app_.windows.knows(screen))
+  const bool is_action = app_.windows.find_action(screen) != nullptr;
+  if (!is_action && !app_.windows.knows(screen))
     throw UserActionError("There is no screen " + std::string(screen) + ".");
   log_in_fully();
   main_window().open_screen(screen);
-  if (!app_.windows.find(screen))
+  if (!is_action && !app_.windows.find(screen))
     throw UserActionError("The screen " + std::string(screen) + " did not open.");
 }
 
