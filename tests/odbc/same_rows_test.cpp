@@ -2,73 +2,18 @@
 // names, types and values must agree cell for cell, whichever adapter fed a report.
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "odbc/tds_server.h"
+#include "odbc/served_catalogue.h"
 #include "platform/embedded/embedded_catalogue.h"
 #include "platform/odbc/odbc_connection.h"
-#include "platform/odbc/wide_text.h"
 #include "support/temporary_folder.h"
 
 namespace tela::testing {
 namespace {
-
-WireColumn wire_column(const Field& field) {
-  switch (field.type) {
-    case FieldType::number:
-      return wire::floating(field.name, 8);
-    case FieldType::whole_number:
-      return wire::decimal(field.name, 18, 0);
-    case FieldType::date:
-      return wire::date(field.name);
-    case FieldType::time:
-      return wire::time(field.name, 0);
-    case FieldType::text:
-      break;
-  }
-  return wire::nvarchar(field.name);
-}
-
-struct WireValue {
-  FieldType type;
-
-  std::string operator()(std::monostate /*null*/) const {
-    return type == FieldType::text ? wire::null_text() : wire::null();
-  }
-  std::string operator()(const std::string& text) const { return wire::text(odbc::to_utf16(text)); }
-  std::string operator()(double number) const { return wire::real(number); }
-  std::string operator()(std::int64_t number) const {
-    return type == FieldType::number ? wire::real(static_cast<double>(number))
-                                     : wire::decimal_value(number);
-  }
-  std::string operator()(const Date& date) const {
-    using namespace std::chrono;
-    return wire::date_value(
-        static_cast<int>((sys_days(date) - sys_days(year(1) / January / 1)).count()));
-  }
-  std::string operator()(const TimeOfDay& time) const {
-    return wire::time_value(
-        static_cast<std::uint64_t>(time.hour * 3600 + time.minute * 60 + time.second), 3);
-  }
-};
-
-Reply wire_reply(const RowSet& rows) {
-  Reply reply;
-  if (rows.fields.empty()) return reply.done(0);
-  std::vector<WireColumn> columns;
-  for (const Field& field : rows.fields) columns.push_back(wire_column(field));
-  reply.columns(columns);
-  for (const auto& row : rows.rows) {
-    std::vector<std::string> values;
-    for (std::size_t i = 0; i < row.size(); ++i)
-      values.push_back(std::visit(WireValue{rows.fields[i].type}, row[i]));
-    reply.row(values);
-  }
-  return reply.done(rows.rows.size());
-}
 
 class SameRows : public ::testing::Test {
  protected:
@@ -78,30 +23,14 @@ class SameRows : public ::testing::Test {
         "smallint,"
         " iName varchar(60), SaleRate float, Qty float)\nGO\n";
     create_embedded_catalogue(file_, {&schema, 1});
-    behind_ = make_embedded_connection(file_);
-    behind_->open("Initial Catalog=TelaData");
-    server_.serve_from([this](const std::string& sql) { return answer(sql); },
-                       [this](const std::string& change) { follow(change); });
+    served_.emplace(file_);
+    connection_ = make_odbc_connection(served_->server().odbc_text());
     connection_->open("Initial Catalog=TelaData");
-  }
-
-  Reply answer(const std::string& sql) {
-    try {
-      return wire_reply(behind_->execute(sql));
-    } catch (const DatabaseError& error) {
-      return Reply().error(50000, odbc::to_utf16(error.what()));
-    }
-  }
-
-  void follow(const std::string& change) {
-    if (change == "begin") behind_->begin_trans();
-    if (change == "commit") behind_->commit_trans();
-    if (change == "roll back" && behind_->in_transaction()) behind_->rollback_trans();
   }
 
   void expect_same(const std::string& sql) {
     const RowSet over_server = connection_->execute(sql);
-    const RowSet from_file = behind_->execute(sql);
+    const RowSet from_file = served_->behind().execute(sql);
     ASSERT_EQ(over_server.fields.size(), from_file.fields.size()) << sql;
     for (std::size_t i = 0; i < from_file.fields.size(); ++i) {
       EXPECT_EQ(over_server.fields[i].name, from_file.fields[i].name) << sql;
@@ -112,9 +41,8 @@ class SameRows : public ::testing::Test {
 
   TemporaryFolder folder_;
   std::filesystem::path file_ = folder_ / "TelaData.db";
-  std::unique_ptr<Connection> behind_;
-  TdsServer server_;
-  std::unique_ptr<Connection> connection_ = make_odbc_connection(server_.odbc_text());
+  std::optional<ServedCatalogue> served_;
+  std::unique_ptr<Connection> connection_;
 };
 
 TEST_F(SameRows, WhicheverAdapterReadsThem) {

@@ -2,9 +2,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+
+#include <csignal>
 #include <fstream>
 #include <sstream>
 
+#include "platform/way_back/kept_folder.h"
 #include "report_framework/way_back.h"
 #include "support/shop.h"
 
@@ -13,10 +17,12 @@ namespace {
 
 namespace fs = std::filesystem;
 using ::testing::ElementsAre;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::MatchesRegex;
 using ::testing::SizeIs;
+using ::testing::UnorderedElementsAre;
 
 std::vector<std::string> names_in(const fs::path& folder) {
   std::vector<std::string> names;
@@ -139,6 +145,55 @@ TEST_F(WayBackTest, WhereNothingCanBeKeptNothingIsChanged) {
     EXPECT_THAT(failure.what(), HasSubstr(folder().string()));
   }
   EXPECT_EQ(shop_.sql("select count(*) from StockAdjust").dump(), "[[3]]");
+}
+
+/// While it lives, no file grows beyond so many bytes, as on a disk that is full.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit{bytes, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, signal_);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  void (*signal_)(int);
+  rlimit before_{};
+};
+
+TEST_F(WayBackTest, OnAFullDiskNothingIsChangedAndNothingIsLeft) {
+  const FullDisk full(100);
+  try {
+    WayBack way_back(app(), "frmStockAdjustReport");
+    way_back.begin();
+    way_back.keep_removed("StockAdjust", period_);
+    execute("Delete from StockAdjust " + period_);
+    way_back.commit();
+    FAIL() << "It committed.";
+  } catch (const std::runtime_error& failure) {
+    EXPECT_THAT(failure.what(), HasSubstr("the disk is full"));
+  }
+  EXPECT_EQ(shop_.sql("select count(*) from StockAdjust").dump(), "[[3]]");
+  EXPECT_THAT(names_in(folder()), IsEmpty());
+}
+
+TEST_F(WayBackTest, WhatAKilledProgramLeftUnfinishedIsRemovedByTheNext) {
+  fs::create_directories(folder() / "2024-01-01_10-00-00_frmStockZero.unfinished" / "1");
+  const auto kept = keep_in_folder(folder(), "frmAtWork");
+  kept->append("a.csv", "a\n");
+  WayBack way_back(app(), "frmStockAdjustReport");
+  way_back.begin();
+  way_back.keep_removed("StockAdjust", period_);
+  way_back.commit();
+  EXPECT_THAT(names_in(folder()), UnorderedElementsAre(EndsWith("frmAtWork.unfinished"),
+                                                       EndsWith("frmStockAdjustReport")))
+      << "one that is still being written stays";
 }
 
 }  // namespace

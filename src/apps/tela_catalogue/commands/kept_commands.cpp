@@ -52,6 +52,15 @@ std::string description(const KeptTable& table) {
   return table.table + ": " + rows_text(table.rows) + ' ' + std::string(word_of(table.change));
 }
 
+// A damaged part does not hide the others.
+void list_part(const fs::path& part, std::ostream& out) {
+  try {
+    for (const KeptTable& table : read_contents(part)) out << "  " << description(table) << '\n';
+  } catch (const std::runtime_error& error) {
+    out << "  " << error.what() << '\n';
+  }
+}
+
 /// Brings back one table's rows. False if they are there already.
 bool restore_table(Connection& catalogue, const fs::path& part, const KeptTable& kept,
                    Messages& messages) {
@@ -87,8 +96,7 @@ bool restore_part(Connection& catalogue, const fs::path& part, std::vector<std::
 void list_kept(const fs::path& folder, std::ostream& out) {
   for (const fs::path& action : actions_in(folder)) {
     out << action.filename().string() << '\n';
-    for (const fs::path& part : parts_of(action))
-      for (const KeptTable& table : read_contents(part)) out << "  " << description(table) << '\n';
+    for (const fs::path& part : parts_of(action)) list_part(part, out);
   }
 }
 
