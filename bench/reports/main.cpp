@@ -1,5 +1,5 @@
-// What the item report and the daily bill report take on a large catalogue, beside the same rows
-// asked of the sqlite3 shell on the same file and of PostgreSQL.
+// What the item report, the daily bill report and the stock report take on a large catalogue,
+// beside the same rows asked of the sqlite3 shell on the same file and of PostgreSQL.
 //
 //   reports_bench CATALOGUE.db [SMALL.db] [PSQL-COMMAND]
 //
@@ -75,6 +75,44 @@ Question daily_bills() {
           0};
 }
 
+// A sum of a table's movements, as the stock report asks for it for each item.
+std::string stock_sum(const std::string& table, const std::string& value, const std::string& days) {
+  return ",(Select isnull(sum(" + value + "),0) from " + table + " where Items.icode=" + table +
+         ".iCode and " + days + ")";
+}
+
+std::string stock_of_program() {
+  const std::string before = "<'01/Dec/2024'";
+  const auto within = [](const std::string& day) {
+    return day + ">='01/Dec/2024' and " + day + "<='31/Dec/2024'";
+  };
+  return "Select icode,iname,opstock" + stock_sum("Sales", "Sales.qty", "Sales.billdate" + before) +
+         stock_sum("purchase", "purchase.qty+purchase.Fqty", "purchase.billdate" + before) +
+         stock_sum("stockadjust", "stockadjust.AdjustQty", "stockadjust.AdjustDate" + before) +
+         stock_sum("Sales", "Sales.qty", within("Sales.billdate")) +
+         stock_sum("purchase", "purchase.qty", within("purchase.billdate")) +
+         stock_sum("stockadjust", "stockadjust.AdjustQty", within("stockadjust.AdjustDate")) +
+         ",0 from items WHERE CreatedDate<'31/Dec/2024' order by icode";
+}
+
+// Each table is read once, in the order of an index that holds all that is read.
+std::string stock_by_hand() {
+  const auto sums = [](const std::string& name, const std::string& table, const std::string& day,
+                       const std::string& before, const std::string& within) {
+    return name + " AS MATERIALIZED (SELECT iCode, sum(CASE WHEN " + day + " < 20241201 THEN " +
+           before + " END) AS b, sum(CASE WHEN " + day + " >= 20241201 THEN " + within +
+           " END) AS w FROM " + table + " WHERE " + day + " <= 20241231 GROUP BY iCode)";
+  };
+  return "WITH " + sums("s", "Sales INDEXED BY Sales_iCode", "BillDate", "Qty", "Qty") + ", " +
+         sums("p", "Purchase INDEXED BY Purchase_iCode", "BillDate", "Qty + FQty", "Qty") + ", " +
+         sums("a", "StockAdjust INDEXED BY StockAdjust_iCode", "AdjustDate", "AdjustQty",
+              "AdjustQty") +
+         " SELECT i.iCode, i.iName, i.OpStock, ifnull(s.b, 0), ifnull(p.b, 0), ifnull(a.b, 0), "
+         "ifnull(s.w, 0), ifnull(p.w, 0), ifnull(a.w, 0), 0 FROM Items i "
+         "LEFT JOIN s ON s.iCode = i.iCode LEFT JOIN p ON p.iCode = i.iCode "
+         "LEFT JOIN a ON a.iCode = i.iCode WHERE i.CreatedDate < 20241231 ORDER BY i.iCode;";
+}
+
 std::vector<Question> questions() {
   return {
       items("items of a day", "billdate='16/Dec/2024'", "BillDate = 20241216",
@@ -85,6 +123,7 @@ std::vector<Question> questions() {
             between("20140101", "20241231"), between("'2014-01-01'", "'2024-12-31'"), 3, 1.0 / 8,
             1.2),
       daily_bills(),
+      {"stock of ten years", stock_of_program(), stock_by_hand(), {}, 3, 1.3, 0},
   };
 }
 

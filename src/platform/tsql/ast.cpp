@@ -1,7 +1,9 @@
 #include "platform/tsql/ast.h"
 
 #include <algorithm>
+#include <set>
 
+#include "platform/tsql/functions.h"
 #include "platform/tsql/lexer.h"
 
 namespace tela::tsql {
@@ -24,6 +26,14 @@ std::vector<ExprPtr> clone(const std::vector<ExprPtr>& list) {
 TableRef clone(const TableRef& table) {
   return {table.join,      table.position, table.table, table.alias,      clone(table.derived),
           clone(table.on), table.source,   table.info,  table.group_plan, table.group_days};
+}
+
+void add_sources(const Select& select, std::set<int>& sources) {
+  for (const TableRef& table : select.from) {
+    sources.insert(table.source);
+    if (table.derived) add_sources(*table.derived, sources);
+  }
+  if (select.union_with) add_sources(*select.union_with, sources);
 }
 
 }  // namespace
@@ -59,6 +69,34 @@ bool holds_subquery(ExprPtr& expr) {
   bool found = false;
   for_each_node(expr, [&](ExprPtr& node) { found = found || node->select != nullptr; });
   return found;
+}
+
+void for_each_own_node(ExprPtr& expr, const std::function<void(ExprPtr&)>& visit) {
+  visit(expr);
+  for_each_child(*expr, [&](ExprPtr& below) { for_each_own_node(below, visit); });
+}
+
+bool reads_outer_columns(Select& select) {
+  std::set<int> own;
+  bool reads_outer = false;
+  add_sources(select, own);
+  for_each_expression(select, [&](ExprPtr& root) {
+    for_each_node(root, [&](ExprPtr& node) {
+      if (node->select) add_sources(*node->select, own);
+      const bool is_outer = node->source >= 0 && !own.contains(node->source);
+      reads_outer = reads_outer || is_outer;
+    });
+  });
+  return reads_outer;
+}
+
+bool is_aggregate(const Expr& expr) {
+  return expr.function != nullptr && expr.function->kind == FunctionKind::aggregate;
+}
+
+bool is_simple_aggregate(const Expr& aggregate) {
+  const Expr& arg = *aggregate.args[0];
+  return !aggregate.distinct && (arg.kind == ExprKind::star || arg.type.kind != TypeKind::null);
 }
 
 ExprPtr clone(const Expr& expr) {

@@ -256,8 +256,22 @@ void for_each_expression(Select& select, const std::function<void(ExprPtr&)>& vi
 /// before what hangs from it. `visit` may replace the node.
 void for_each_node(ExprPtr& expr, const std::function<void(ExprPtr&)>& visit);
 
+/// Calls `visit` with the nodes of a select's own expression: those of a select below it are none
+/// of its. A node comes before what hangs from it.
+void for_each_own_node(ExprPtr& expr, const std::function<void(ExprPtr&)>& visit);
+
 /// Whether a select hangs somewhere in the expression.
 bool holds_subquery(ExprPtr& expr);
+
+/// Whether a select reads columns of a select around it.
+bool reads_outer_columns(Select& select);
+
+/// Whether the node is a call of an aggregate.
+bool is_aggregate(const Expr& expr);
+
+/// Whether it is an aggregate that the client can compute: of all rows of a group, or of values
+/// whose type is known, and not of distinct ones.
+bool is_simple_aggregate(const Expr& aggregate);
 
 ExprPtr clone(const Expr& expr);
 SelectPtr clone(const Select& select);

@@ -4,7 +4,6 @@
 //   select g.c0, g.c1 * 2 from groups of (select iName, Qty from Sales where BillDate = @d) as g
 //     where g.c2 > 1
 #include <algorithm>
-#include <set>
 
 #include "platform/tsql/functions.h"
 #include "platform/tsql/group_plan.h"
@@ -15,49 +14,11 @@ namespace {
 
 constexpr int most_levels = 8;
 
-bool is_aggregate(const Expr& expr) {
-  return expr.function != nullptr && expr.function->kind == FunctionKind::aggregate;
-}
-
-void add_sources(const Select& select, std::set<int>& sources) {
-  for (const TableRef& table : select.from) {
-    sources.insert(table.source);
-    if (table.derived) add_sources(*table.derived, sources);
-  }
-  if (select.union_with) add_sources(*select.union_with, sources);
-}
-
-// Whether a select reads columns of a select around it.
-bool reads_outer_columns(Select& select) {
-  std::set<int> own;
-  bool reads_outer = false;
-  add_sources(select, own);
-  for_each_expression(select, [&](ExprPtr& root) {
-    for_each_node(root, [&](ExprPtr& node) {
-      if (node->select) add_sources(*node->select, own);
-      const bool is_outer = node->source >= 0 && !own.contains(node->source);
-      reads_outer = reads_outer || is_outer;
-    });
-  });
-  return reads_outer;
-}
-
-// The nodes of one select's own expression: those of a select below it are none of its.
-void for_each_own_node(ExprPtr& expr, const std::function<void(ExprPtr&)>& visit) {
-  visit(expr);
-  for_each_child(*expr, [&](ExprPtr& below) { for_each_own_node(below, visit); });
-}
-
 // The expressions that are computed from finished groups.
 void for_each_result(Select& select, const std::function<void(ExprPtr&)>& visit) {
   for (SelectItem& item : select.items) visit(item.value);
   if (select.having) visit(select.having);
   for (OrderItem& order : select.order_by) visit(order.value);
-}
-
-bool is_simple_aggregate(const Expr& aggregate) {
-  const Expr& arg = *aggregate.args[0];
-  return !aggregate.distinct && (arg.kind == ExprKind::star || arg.type.kind != TypeKind::null);
 }
 
 // A result may hold what the client computes, and no select that looks at the group's rows.

@@ -5,6 +5,10 @@
 
 namespace tela::tsql {
 
+/// Joins the sums of all keys to a select that asks for the sum of each row's key. Comes before
+/// what is done with the tables of the select, of which it makes more.
+void decorrelate_sums(Select& select);
+
 /// distinct -> group by all columns: of several spellings that are one text, the group shows the
 /// same one whichever way the rows are read.
 void group_distinct(Select& select);
