@@ -14,6 +14,7 @@
 #include "platform/embedded/reading_helpers.h"
 #include "platform/embedded/sql_functions.h"
 #include "platform/embedded/stored_values.h"
+#include "platform/tsql/engine_names.h"
 #include "support/temporary_folder.h"
 
 namespace tela::test {
@@ -133,7 +134,7 @@ class RandomShop {
     std::string marks = "?1";
     for (std::size_t i = 2; i <= columns.size(); ++i) marks += ", ?" + std::to_string(i);
     embedded::Statement insert(
-        database_, "INSERT INTO " + embedded::quoted_name(table) + " VALUES(" + marks + ")");
+        database_, "INSERT INTO " + tsql::quoted_name(table) + " VALUES(" + marks + ")");
     database_.run("BEGIN");
     for (int i = 0; i < rows_a_table_; ++i) {
       const embedded::Run done(insert);

@@ -11,9 +11,9 @@
 
 #include "platform/embedded/sql_functions.h"
 #include "platform/tsql/parser.h"
-#include "platform/tsql/printer.h"
 #include "platform/tsql/values.h"
 #include "tsql/memory_schema.h"
+#include "tsql/printer.h"
 #include "tsql/tree_dump.h"
 
 namespace {
@@ -56,7 +56,7 @@ class Catalogue {
 
  private:
   static void check_round_trip(std::string_view sql, const Statement& statement) {
-    const std::string printed = print(statement);
+    const std::string printed = tela::test::print(statement);
     try {
       if (tela::test::dump(parse(printed).statement) == tela::test::dump(statement)) return;
     } catch (const CompileError& error) {

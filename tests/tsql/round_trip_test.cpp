@@ -3,8 +3,8 @@
 
 #include "embedded/statement_script.h"
 #include "platform/tsql/parser.h"
-#include "platform/tsql/printer.h"
 #include "tsql/memory_schema.h"
+#include "tsql/printer.h"
 #include "tsql/tree_dump.h"
 
 namespace tela::tsql {
@@ -13,7 +13,7 @@ namespace {
 void expect_round_trip(const std::string& sql) {
   SCOPED_TRACE(sql);
   const Parsed parsed = parse(sql);
-  const std::string printed = print(parsed.statement);
+  const std::string printed = test::print(parsed.statement);
   SCOPED_TRACE(printed);
   EXPECT_EQ(test::dump(parsed.statement), test::dump(parse(printed).statement));
 }

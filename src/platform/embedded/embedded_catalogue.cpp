@@ -7,12 +7,13 @@
 #include "platform/embedded/stored_values.h"
 #include "platform/embedded/unfinished_catalogue.h"
 #include "platform/text/ascii.h"
+#include "platform/tsql/engine_names.h"
 
 namespace tela {
 
 namespace fs = std::filesystem;
-using embedded::quoted_name;
 using embedded::Statement;
+using tsql::quoted_name;
 using Kind = DatabaseError::Kind;
 
 namespace {

@@ -2,12 +2,6 @@
 
 namespace tela::embedded {
 
-std::string quoted_name(std::string_view name) {
-  std::string quoted = "\"";
-  for (const char c : name) quoted.append(c == '"' ? 2 : 1, c);
-  return quoted + '"';
-}
-
 Database::Database(const std::filesystem::path& file, int open_flags) {
   sqlite3* handle = nullptr;
   const int code =

@@ -17,9 +17,6 @@ namespace tela::embedded {
 /// The failure that SQLite reports under a (possibly extended) result code on `database`.
 DatabaseError sqlite_error(sqlite3* database, int code);
 
-/// The name as SQLite reads it in any place: in double quotes.
-std::string quoted_name(std::string_view name);
-
 /// One SQLite connection.
 class Database {
  public:

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "platform/tsql/types.h"
+
 namespace tela::embedded {
 namespace {
 
@@ -10,10 +12,6 @@ using tsql::TypeKind;
 
 DatabaseError value_error(const std::string& message) {
   return {DatabaseError::Kind::value, message};
-}
-
-bool is_whole(const Type& type) {
-  return type.kind == TypeKind::integer || (type.kind == TypeKind::decimal && type.scale == 0);
 }
 
 Date day_of(std::int64_t stored) {
@@ -96,10 +94,7 @@ struct ColumnBinder {
     statement.bind(position, stored_time(time));
   }
 
-  bool is_number() const {
-    return column.type.kind == TypeKind::real || column.type.kind == TypeKind::integer ||
-           column.type.kind == TypeKind::decimal;
-  }
+  bool is_number() const { return tsql::is_numeric(column.type); }
 
   void require(bool fits, const char* what) const {
     if (fits) return;

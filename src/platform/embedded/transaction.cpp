@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/tsql/engine_names.h"
+
 namespace tela::embedded {
 namespace {
 
@@ -94,7 +96,7 @@ void Transaction::rollback() {
 
 void Transaction::drop_created() {
   for (const std::string& table : std::exchange(created_, {}))
-    run_quietly(database_, ("DROP TABLE IF EXISTS temp." + quoted_name(table)).c_str());
+    run_quietly(database_, ("DROP TABLE IF EXISTS temp." + tsql::quoted_name(table)).c_str());
 }
 
 void Transaction::note_failure(const std::string& reason) {

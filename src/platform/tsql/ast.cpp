@@ -65,10 +65,9 @@ void for_each_node(ExprPtr& expr, const std::function<void(ExprPtr&)>& visit) {
   if (expr->select) for_each_expression(*expr->select, descend);
 }
 
-bool holds_subquery(ExprPtr& expr) {
-  bool found = false;
-  for_each_node(expr, [&](ExprPtr& node) { found = found || node->select != nullptr; });
-  return found;
+bool holds_subquery(const Expr& expr) {
+  return expr.select ||
+         std::ranges::any_of(expr.args, [](const ExprPtr& arg) { return holds_subquery(*arg); });
 }
 
 void for_each_own_node(ExprPtr& expr, const std::function<void(ExprPtr&)>& visit) {

@@ -261,7 +261,7 @@ void for_each_node(ExprPtr& expr, const std::function<void(ExprPtr&)>& visit);
 void for_each_own_node(ExprPtr& expr, const std::function<void(ExprPtr&)>& visit);
 
 /// Whether a select hangs somewhere in the expression.
-bool holds_subquery(ExprPtr& expr);
+bool holds_subquery(const Expr& expr);
 
 /// Whether a select reads columns of a select around it.
 bool reads_outer_columns(Select& select);

@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "platform/tsql/binder.h"
-#include "platform/tsql/emitter.h"
+#include "platform/tsql/engine_names.h"
 #include "platform/tsql/lexer.h"
 
 namespace tela::tsql {

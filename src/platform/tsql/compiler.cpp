@@ -4,6 +4,7 @@
 
 #include "platform/tsql/binder.h"
 #include "platform/tsql/emitter.h"
+#include "platform/tsql/engine_names.h"
 #include "platform/tsql/parser.h"
 #include "platform/tsql/rewrite.h"
 #include "platform/tsql/types.h"

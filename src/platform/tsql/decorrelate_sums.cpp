@@ -180,7 +180,7 @@ class Sums {
 
   bool is_result_safe() {
     ExprPtr& result = inner_.items[0].value;
-    bool is_safe = !holds_subquery(result);
+    bool is_safe = !holds_subquery(*result);
     for_each_own_node(result, [&](ExprPtr& node) {
       if (is_aggregate(*node)) is_safe = is_safe && is_safe_aggregate(*node, inner_.from);
     });

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "platform/tsql/emitter.h"
+#include "platform/tsql/engine_names.h"
 #include "platform/tsql/rewrites.h"
 
 namespace tela::tsql {
@@ -65,7 +65,8 @@ bool reads_plain_tables(Select& source) {
   bool is_plain = std::ranges::all_of(source.from, [](const TableRef& table) {
     return !table.derived && !is_temporary(table.info->name);
   });
-  for_each_expression(source, [&](ExprPtr& root) { is_plain = is_plain && !holds_subquery(root); });
+  for_each_expression(source,
+                      [&](ExprPtr& root) { is_plain = is_plain && !holds_subquery(*root); });
   return is_plain;
 }
 

@@ -3,6 +3,7 @@
 
 #include "platform/tsql/conversions.h"
 #include "platform/tsql/emitter.h"
+#include "platform/tsql/engine_names.h"
 #include "platform/tsql/functions.h"
 #include "platform/tsql/types.h"
 #include "platform/tsql/values.h"

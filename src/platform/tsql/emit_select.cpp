@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "platform/tsql/emitter.h"
-#include "platform/tsql/functions.h"
+#include "platform/tsql/engine_names.h"
 #include "platform/tsql/types.h"
 
 namespace tela::tsql {
@@ -36,8 +36,7 @@ bool compares_rows(const Select& select) {
 }
 
 bool holds_aggregate(const ExprPtr& expr) {
-  if (expr->function != nullptr && expr->function->kind == FunctionKind::aggregate) return true;
-  return std::ranges::any_of(expr->args, holds_aggregate);
+  return is_aggregate(*expr) || std::ranges::any_of(expr->args, holds_aggregate);
 }
 
 // A select that is one group by its having alone; the engine looks for an aggregate among the

@@ -2,51 +2,21 @@
 #include <algorithm>
 
 #include "platform/tsql/emitter.h"
+#include "platform/tsql/engine_names.h"
 #include "platform/tsql/types.h"
 
 namespace tela::tsql {
 namespace {
 
-bool holds_subquery(const ExprPtr& expr) {
-  return expr && (expr->select || std::ranges::any_of(expr->args, holds_subquery));
-}
-
 // Whether an update reads anything but the row that it changes.
 bool reads_other_rows(const Update& update) {
-  return update.from.size() > 1 || holds_subquery(update.where) ||
+  return update.from.size() > 1 || (update.where && holds_subquery(*update.where)) ||
          std::ranges::any_of(update.assignments, [](const auto& assignment) {
-           return holds_subquery(assignment.value);
+           return holds_subquery(*assignment.value);
          });
 }
 
 }  // namespace
-
-std::string quoted_name(std::string_view name) {
-  std::string quoted = "\"";
-  for (const char c : name) {
-    quoted += c;
-    if (c == '"') quoted += c;
-  }
-  return quoted + '"';
-}
-
-std::string quoted_text(std::string_view text) {
-  std::string quoted = "'";
-  for (const char c : text) {
-    quoted += c;
-    if (c == '\'') quoted += c;
-  }
-  return quoted + '\'';
-}
-
-bool is_temporary(std::string_view table) {
-  return table.starts_with('#');
-}
-
-std::string table_name(std::string_view name) {
-  std::string qualified = is_temporary(name) ? "temp." : "main.";
-  return qualified += quoted_name(name);
-}
 
 void Emitter::write_name(std::string_view name) {
   write(quoted_name(name));

@@ -88,16 +88,4 @@ class Emitter {
   std::vector<DayRange> group_days_;
 };
 
-/// "name", with quotes inside doubled.
-std::string quoted_name(std::string_view name);
-
-/// 'text', with quotes inside doubled.
-std::string quoted_text(std::string_view text);
-
-/// The name as the engine takes it, with the schema that holds it: temporary tables have their own.
-std::string table_name(std::string_view name);
-
-/// Whether the name is that of a temporary table.
-bool is_temporary(std::string_view table);
-
 }  // namespace tela::tsql

@@ -13,7 +13,7 @@ bool is_constant(const Expr& expr) {
 
 void group_distinct(Select& select) {
   if (!select.distinct || select.is_grouped || select.from.empty()) return;
-  if (std::ranges::any_of(select.items, [](auto& item) { return holds_subquery(item.value); }))
+  if (std::ranges::any_of(select.items, [](auto& item) { return holds_subquery(*item.value); }))
     return;
   std::vector<ExprPtr> keys;
   for (const SelectItem& item : select.items) {

@@ -2,7 +2,6 @@
 #include <algorithm>
 
 #include "platform/tsql/binder.h"
-#include "platform/tsql/functions.h"
 
 namespace tela::tsql {
 namespace {
@@ -29,7 +28,7 @@ std::string qualified(const Expr& column) {
 void Binder::bind_group_by(Select& select, Scope& scope) {
   for (ExprPtr& key : select.group_by) {
     bind_value(key, scope);
-    if (holds_subquery(key)) {
+    if (holds_subquery(*key)) {
       throw CompileError(
           CompileError::Kind::syntax,
           "Cannot use an aggregate or a subquery in an expression used for the group "
@@ -61,9 +60,7 @@ void Binder::check_grouped(ExprPtr& expr, Select& select, bool is_nested, std::s
     expr->is_group_key = !is_nested;
     return;
   }
-  if (!is_nested && expr->function != nullptr && expr->function->kind == FunctionKind::aggregate) {
-    return;
-  }
+  if (!is_nested && is_aggregate(*expr)) return;
   if (expr->kind == ExprKind::column && belongs_to(*expr, select)) {
     throw CompileError(CompileError::Kind::syntax,
                        "Column '" + qualified(*expr) + "' is invalid in the " +

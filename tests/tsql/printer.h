@@ -5,8 +5,8 @@
 
 #include "platform/tsql/ast.h"
 
-namespace tela::tsql {
+namespace tela::test {
 
-std::string print(const Statement& statement);
+std::string print(const tsql::Statement& statement);
 
-}  // namespace tela::tsql
+}  // namespace tela::test

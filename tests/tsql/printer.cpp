@@ -1,4 +1,4 @@
-#include "platform/tsql/printer.h"
+#include "tsql/printer.h"
 
 #include <span>
 #include <string_view>
@@ -6,8 +6,10 @@
 #include "platform/tsql/lexer.h"
 #include "platform/tsql/token_cursor.h"
 
-namespace tela::tsql {
+namespace tela::test {
 namespace {
+
+using namespace tsql;
 
 // How tightly an expression holds together; one that stands where a tighter one is needed gets
 // brackets.
@@ -347,8 +349,8 @@ struct PrintStatement {
 
 }  // namespace
 
-std::string print(const Statement& statement) {
+std::string print(const tsql::Statement& statement) {
   return std::visit(PrintStatement{}, statement);
 }
 
-}  // namespace tela::tsql
+}  // namespace tela::test
