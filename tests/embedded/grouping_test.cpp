@@ -196,6 +196,20 @@ TEST(GroupingStatements, GiveTheSameRowsHashedAndSorted) {
   }
 }
 
+TEST(AskedSums, AreLookedUpWhereAnIndexLeadsToThem) {
+  RandomShop shop(1, 200);
+  shop.define(
+      "create table Sales (BillDate date, Counter int, iName varchar(60), Qty float);"
+      "create table Items (Counter int, iName varchar(60))");
+  shop.add_index("create index Sales_Counter on Sales (Counter, BillDate)");
+  shop.add_index("create index Sales_iName on Sales (iName)");
+  const std::string by_number = asked_of_sales("sum(Qty)", "S.Counter=Items.Counter");
+  const std::string by_text = asked_of_sales("sum(Qty)", "S.iName=Items.iName");
+  EXPECT_FALSE(is_hashed(by_number, shop));
+  EXPECT_TRUE(is_hashed(by_text, shop)) << "the index knows other texts";
+  expect_same_rows(shop, by_text);
+}
+
 TEST(ManyGroups, GrowWhileRowsAreAdded) {
   embedded::Database database(":memory:", SQLITE_OPEN_READWRITE);
   register_sql_functions(database.handle());

@@ -85,6 +85,12 @@ class RandomShop {
     }
   }
 
+  /// Makes an index, by the statement that creates it.
+  void add_index(std::string_view sql) {
+    database_.run(tsql::compile(sql, schema_).sqlite_sql.c_str());
+    schema_.forget();
+  }
+
   const tsql::Schema& schema() const { return schema_; }
 
   /// The rows of a select, or of the select of an insert, each field with its type and to the last

@@ -58,10 +58,16 @@ std::unique_ptr<tsql::TableInfo> CatalogueSchema::read_table(std::string_view na
 
   auto info = std::make_unique<tsql::TableInfo>();
   info->name = table.text(0);
-  Statement columns(database_, "SELECT name, type FROM pragma_table_info(?1, ?2)");
+  Statement columns(database_,
+                    "SELECT name, type, EXISTS (SELECT 1 FROM pragma_index_list(?1, ?2) AS i JOIN "
+                    "pragma_index_info(i.name, ?2) AS k WHERE k.seqno = 0 AND k.name = c.name) "
+                    "FROM pragma_table_info(?1, ?2) AS c");
   columns.bind(1, info->name);
   columns.bind(2, std::string_view(temporary ? "temp" : "main"));
-  while (columns.step()) info->columns.push_back({columns.text(0), declared_type(columns.text(1))});
+  while (columns.step()) {
+    info->columns.push_back(
+        {columns.text(0), declared_type(columns.text(1)), columns.number(2) != 0});
+  }
   return info;
 }
 

@@ -36,6 +36,7 @@ Type parse_type_name(std::string_view declared);
 struct ColumnInfo {
   std::string name;
   Type type;
+  bool leads_index = false;  ///< whether the engine finds rows by its value in an index
 };
 
 struct TableInfo {

@@ -6,6 +6,9 @@
 //   as c1 from
 //     Sales where BillDate < @day group by iCode) as s on s.c0 = Items.iCode
 //
+// Where an index leads to the rows of a key, asking for each is quicker and stays. Else every
+// question reads the whole table.
+//
 // The sums of keys that nobody asks for are made too. So nothing may fail on the way to them, and
 // it is done where most keys are asked for: a select without a limit, whose rows are not picked by
 // a value, and sums over days.
@@ -123,7 +126,7 @@ class Sums {
  public:
   Sums(Select& outer, Select& inner) : outer_(outer), inner_(inner) {}
 
-  bool can_join() {
+  bool should_join() {
     const bool has_form = !inner_.union_with && !inner_.top && !inner_.distinct &&
                           inner_.group_by.empty() && !inner_.having && inner_.is_grouped &&
                           !inner_.from.empty() && inner_.order_by.empty();
@@ -166,7 +169,17 @@ class Sums {
         return false;
       }
     }
-    return has_days && key_ != nullptr;
+    return has_days && key_ != nullptr && !is_indexed(own_key());
+  }
+
+  // An index of texts has another order than their comparison.
+  bool is_indexed(const Expr& key) const {
+    const auto table = std::ranges::find_if(
+        inner_.from, [&](const TableRef& candidate) { return candidate.source == key.source; });
+    const auto column = std::ranges::find_if(
+        table->info->columns,
+        [&](const ColumnInfo& candidate) { return candidate.name == key.column; });
+    return column->leads_index && !is_text(key.type);
   }
 
   bool is_lookup(const Expr& condition) {
@@ -226,6 +239,17 @@ class Sums {
     return call;
   }
 
+  // The key of the sums has no declared type. A sign takes the type of the column away too: only
+  // then does the engine make an index of the sums.
+  static ExprPtr as_plain_value(ExprPtr column) {
+    auto value = std::make_unique<Expr>();
+    value->kind = ExprKind::unary;
+    value->op = Operator::plus;
+    value->type = column->type;
+    value->args.push_back(std::move(column));
+    return value;
+  }
+
   void add_table(SelectPtr sums) {
     TableRef table;
     table.join = JoinKind::left;
@@ -234,7 +258,7 @@ class Sums {
     table.on->kind = ExprKind::binary;
     table.on->op = Operator::equal;
     table.on->args.push_back(make_column(source_, 0, own_key().type));
-    table.on->args.push_back(clone(outer_key()));
+    table.on->args.push_back(as_plain_value(clone(outer_key())));
     for (ExprPtr* condition : own_) add_condition(sums->where, std::move(*condition));
     sums->from = std::move(inner_.from);
     table.derived = std::move(sums);
@@ -270,7 +294,7 @@ void decorrelate_sums(Select& select) {
     for_each_own_node(item.value, [&](ExprPtr& node) {
       if (node->kind != ExprKind::subquery || select.from.size() >= most_tables) return;
       Sums sums(select, *node->select);
-      if (!sums.can_join()) return;
+      if (!sums.should_join()) return;
       ExprPtr result = sums.join();
       node = std::move(result);
     });
