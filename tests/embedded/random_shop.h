@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "platform/embedded/catalogue_schema.h"
-#include "platform/embedded/group_module.h"
-#include "platform/embedded/reading_helpers.h"
+#include "platform/embedded/grouping/group_module.h"
+#include "platform/embedded/grouping/reading_helpers.h"
 #include "platform/embedded/sql_functions.h"
 #include "platform/embedded/stored_values.h"
 #include "platform/tsql/engine_names.h"

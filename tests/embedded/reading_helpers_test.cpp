@@ -1,11 +1,11 @@
 // Several readers of one statement: they share its days out whole, and see what it sees.
-#include "platform/embedded/reading_helpers.h"
+#include "platform/embedded/grouping/reading_helpers.h"
 
 #include <gtest/gtest.h>
 
 #include "embedded/shop.h"
-#include "platform/embedded/day_parts.h"
-#include "platform/embedded/group_module.h"
+#include "platform/embedded/grouping/day_parts.h"
+#include "platform/embedded/grouping/group_module.h"
 #include "platform/embedded/sql_functions.h"
 #include "platform/tsql/values.h"
 

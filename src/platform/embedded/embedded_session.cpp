@@ -6,9 +6,9 @@
 #include <utility>
 #include <vector>
 
-#include "platform/embedded/day_parts.h"
 #include "platform/embedded/embedded_catalogue.h"
-#include "platform/embedded/group_module.h"
+#include "platform/embedded/grouping/day_parts.h"
+#include "platform/embedded/grouping/group_module.h"
 #include "platform/embedded/row_spool.h"
 #include "platform/embedded/sql_functions.h"
 #include "platform/embedded/stored_values.h"

@@ -12,9 +12,9 @@
 #include <variant>
 
 #include "platform/database/database_client.h"
-#include "platform/embedded/group_module.h"
+#include "platform/embedded/grouping/group_module.h"
+#include "platform/embedded/grouping/sum_functions.h"
 #include "platform/embedded/stored_values.h"
-#include "platform/embedded/sum_functions.h"
 #include "platform/embedded/text_joins.h"
 #include "platform/text/letters.h"
 #include "platform/text/number_text.h"

@@ -1,7 +1,7 @@
 // Gives every name of a tree its table and column, and every expression its type, in place.
 //
 // The work is spread over bind_names.cpp (tables and columns), bind_expression.cpp, bind_call.cpp,
-// bind_select.cpp, grouping.cpp (what a grouped select may say) and bind_statement.cpp.
+// bind_select.cpp, bind_grouping.cpp (what a grouped select may say) and bind_statement.cpp.
 #pragma once
 
 #include <cstddef>

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "platform/tsql/rewrites.h"
+#include "platform/tsql/grouping/rewrites.h"
 
 namespace tela::tsql {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/embedded/divided_groups.h"
+#include "platform/embedded/grouping/divided_groups.h"
 
 #include <algorithm>
 #include <atomic>

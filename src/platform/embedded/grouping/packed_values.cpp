@@ -1,4 +1,4 @@
-#include "platform/embedded/packed_values.h"
+#include "platform/embedded/grouping/packed_values.h"
 
 #include <cstring>
 #include <exception>

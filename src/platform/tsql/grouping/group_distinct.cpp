@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "platform/tsql/rewrites.h"
+#include "platform/tsql/grouping/rewrites.h"
 
 namespace tela::tsql {
 namespace {

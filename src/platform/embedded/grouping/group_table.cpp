@@ -1,4 +1,4 @@
-#include "platform/embedded/group_table.h"
+#include "platform/embedded/grouping/group_table.h"
 
 #include <algorithm>
 #include <utility>

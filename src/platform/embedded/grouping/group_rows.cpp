@@ -1,8 +1,8 @@
-#include "platform/embedded/group_rows.h"
+#include "platform/embedded/grouping/group_rows.h"
 
 #include <exception>
 
-#include "platform/embedded/group_queries.h"
+#include "platform/embedded/grouping/group_queries.h"
 
 namespace tela::embedded {
 namespace {

@@ -1,6 +1,6 @@
-#include "platform/embedded/sum_functions.h"
+#include "platform/embedded/grouping/sum_functions.h"
 
-#include "platform/embedded/exact_sum.h"
+#include "platform/embedded/grouping/exact_sum.h"
 
 namespace tela::embedded {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/embedded/spelling_index.h"
+#include "platform/embedded/grouping/spelling_index.h"
 
 #include <algorithm>
 #include <utility>

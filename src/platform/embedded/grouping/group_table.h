@@ -7,8 +7,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/embedded/group_totals.h"
-#include "platform/embedded/spelling_index.h"
+#include "platform/embedded/grouping/group_totals.h"
+#include "platform/embedded/grouping/spelling_index.h"
 
 namespace tela::embedded {
 

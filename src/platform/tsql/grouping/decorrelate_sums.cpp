@@ -17,7 +17,7 @@
 #include <vector>
 
 #include "platform/tsql/functions.h"
-#include "platform/tsql/rewrites.h"
+#include "platform/tsql/grouping/rewrites.h"
 #include "platform/tsql/types.h"
 
 namespace tela::tsql {

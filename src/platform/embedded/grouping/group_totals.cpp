@@ -1,4 +1,4 @@
-#include "platform/embedded/group_totals.h"
+#include "platform/embedded/grouping/group_totals.h"
 
 #include <string>
 

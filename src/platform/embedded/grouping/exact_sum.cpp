@@ -1,4 +1,4 @@
-#include "platform/embedded/exact_sum.h"
+#include "platform/embedded/grouping/exact_sum.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 // An eponymous virtual table (https://sqlite.org/vtab.html): its hidden columns are the arguments
 // of the call, its rows are made when a scan begins.
-#include "platform/embedded/group_module.h"
+#include "platform/embedded/grouping/group_module.h"
 
 #include <exception>
 #include <new>
@@ -9,10 +9,10 @@
 #include <string>
 #include <utility>
 
-#include "platform/embedded/divided_groups.h"
-#include "platform/embedded/group_queries.h"
-#include "platform/embedded/group_rows.h"
-#include "platform/embedded/packed_values.h"
+#include "platform/embedded/grouping/divided_groups.h"
+#include "platform/embedded/grouping/group_queries.h"
+#include "platform/embedded/grouping/group_rows.h"
+#include "platform/embedded/grouping/packed_values.h"
 #include "platform/embedded/sqlite_handles.h"
 #include "platform/embedded/stored_values.h"
 

@@ -6,8 +6,8 @@
 #include <algorithm>
 
 #include "platform/tsql/functions.h"
-#include "platform/tsql/group_plan.h"
-#include "platform/tsql/rewrites.h"
+#include "platform/tsql/grouping/group_plan.h"
+#include "platform/tsql/grouping/rewrites.h"
 
 namespace tela::tsql {
 namespace {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/tsql/engine_names.h"
-#include "platform/tsql/rewrites.h"
+#include "platform/tsql/grouping/rewrites.h"
 
 namespace tela::tsql {
 namespace {

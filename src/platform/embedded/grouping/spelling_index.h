@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/embedded/group_value.h"
+#include "platform/embedded/grouping/group_value.h"
 
 namespace tela::embedded {
 

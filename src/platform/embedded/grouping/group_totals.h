@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <variant>
 
-#include "platform/embedded/exact_sum.h"
-#include "platform/embedded/group_value.h"
-#include "platform/tsql/group_plan.h"
+#include "platform/embedded/grouping/exact_sum.h"
+#include "platform/embedded/grouping/group_value.h"
+#include "platform/tsql/grouping/group_plan.h"
 
 namespace tela::embedded {
 

@@ -1,6 +1,6 @@
-#include "platform/embedded/group_queries.h"
+#include "platform/embedded/grouping/group_queries.h"
 
-#include "platform/tsql/group_plan.h"
+#include "platform/tsql/grouping/group_plan.h"
 
 namespace tela::embedded {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/embedded/group_value.h"
+#include "platform/embedded/grouping/group_value.h"
 
 #include <cmath>
 #include <functional>

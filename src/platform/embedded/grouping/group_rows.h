@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/embedded/day_parts.h"
-#include "platform/embedded/group_table.h"
+#include "platform/embedded/grouping/day_parts.h"
+#include "platform/embedded/grouping/group_table.h"
 #include "platform/embedded/sqlite_handles.h"
 
 namespace tela::embedded {

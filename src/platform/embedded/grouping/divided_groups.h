@@ -3,8 +3,8 @@
 
 #include <optional>
 
-#include "platform/embedded/group_rows.h"
-#include "platform/embedded/reading_helpers.h"
+#include "platform/embedded/grouping/group_rows.h"
+#include "platform/embedded/grouping/reading_helpers.h"
 
 namespace tela::embedded {
 

@@ -1,4 +1,4 @@
-#include "platform/embedded/day_parts.h"
+#include "platform/embedded/grouping/day_parts.h"
 
 #include <algorithm>
 

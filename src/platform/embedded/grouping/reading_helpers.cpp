@@ -1,4 +1,4 @@
-#include "platform/embedded/reading_helpers.h"
+#include "platform/embedded/grouping/reading_helpers.h"
 
 #include <algorithm>
 #include <thread>
