@@ -10,12 +10,16 @@
 #include "screens/maintenance/frmCatSaleDelete.h"
 #include "screens/maintenance/frmCatWSaleDelete.h"
 #include "screens/maintenance/frmCreatT.h"
+#include "screens/profit/FrmSaleProfit.h"
 #include "screens/maintenance/frmGiftAndPoints.h"
 #include "screens/maintenance/frmPoints.h"
 #include "screens/profit/frmBillWiseProfit.h"
 #include "screens/profit/frmCatagoryProfit.h"
 #include "screens/profit/frmMonthlyProfit.h"
+#include "screens/profit/frmProfitPercent.h"
 #include "screens/profit/frmProfitView.h"
+#include "screens/profit/frmTotPurchaseReport.h"
+#include "screens/profit/frmTotSales.h"
 #include "screens/purchase/frmIWPurRep.h"
 #include "screens/purchase/frmPurBillView.h"
 #include "screens/purchase/frmPurchaseView.h"
@@ -57,6 +61,10 @@ std::span<const ScreenEntry> all_screens() {
       {"frmCatagoryProfit", make_screen<frmCatagoryProfit>},
       {"frmBillWiseProfit", make_screen<frmBillWiseProfit>},
       {"frmProfitView", make_screen<frmProfitView>},
+      {"frmProfitPercent", make_screen<frmProfitPercent>},
+      {"FrmSaleProfit", make_screen<FrmSaleProfit>},
+      {"frmTotPurchaseReport", make_screen<frmTotPurchaseReport>},
+      {"frmTotSales", make_screen<frmTotSales>},
       {"frmBarChart", make_screen<frmBarChart>},
       {"frmBarChartDay", make_sister<PeriodChartScreen, frmBarChartDay>},
       {"frmBarChartCatagory", make_sister<PeriodChartScreen, frmBarChartCatagory>},

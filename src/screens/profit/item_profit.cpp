@@ -8,9 +8,7 @@
 
 namespace tela::item_profit {
 
-namespace {
-
-GridColumns columns() {
+GridColumns columns(std::string percent_mask) {
   const std::string rate = "######0.00";
   const std::string total = "#######0.00";
   return {
@@ -24,7 +22,7 @@ GridColumns columns() {
       {"AMOUNT", 1000, number_field(6, rate), {"tTotalSales", total}},
       {"Pur_Amt", 1000, number_field(7, rate), {"tTotalPurchase", total}},
       {"PROFIT", 1000, number_field(8, "#########0.00")},
-      {"PROFIT %", 1000, number_field(9, "###0.00")},
+      {"PROFIT %", 1000, number_field(9, std::move(percent_mask))},
   };
 }
 
@@ -32,15 +30,13 @@ std::vector<std::string> staged(const GridRow& row) {
   return {row.numbers(0, 1), row.text(2), row.numbers(3, 9)};
 }
 
-}  // namespace
-
 ProfitDefinition definition(std::string screen, std::string caption, std::vector<Control> filters) {
   ProfitDefinition made;
   made.screen = std::move(screen);
   made.caption = std::move(caption);
   made.filters = std::move(filters);
   made.results.push_back(total_box("tStock", "TOTAL STOCK VALUE"));
-  made.columns = columns();
+  made.columns = columns("###0.00");
   made.percent_column = 10;
   made.list_sql = list_sql;
   made.staged = staged;
@@ -80,9 +76,9 @@ void with_table(AppState& app, const std::string& insert_sql, const std::functio
   table.drop();
 }
 
-void write_stock_value(AppState& app, Form& form) {
+void write_stock_value(AppState& app, Form& form, std::string_view box) {
   const Recordset& rs = OpenRs(app, "select str(sum(stock * purrate),12,2) from items");
-  form.set_text("tStock", cell_text(rs.field(0), number_field(0, "#########0.00")));
+  form.set_text(box, cell_text(rs.field(0), number_field(0, "#########0.00")));
   CloseRs(app);
 }
 

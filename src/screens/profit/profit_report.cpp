@@ -60,27 +60,35 @@ void ProfitReport::list(ProfitOrder order) {
 }
 
 void ProfitReport::write_totals() {
-  const double profit = Val(form().text("tTotalSales")) - Val(form().text("tTotalPurchase"));
-  form().set_text("tTotalProfit",
-                  grid_.cells().Rows() > 1 ? format_number(profit, "######0.00") : "0");
+  write_total_profit(form(), grid_);
   form().set_text("tMargin", "0");
   form().set_text("tTotalRows", "0");
   write_average(app(), form(), grid_, {percent_column_, 0, "tMargin", "#######0.00", "######0.00"});
 }
 
 void ProfitReport::preview() {
-  if (refused(reversed("DTP1", "DTP2", "The Start Date Is Greater Than The End Date"))) return;
-  const Period period = take_period();
+  if (refused(reversed("DTP1", "DTP2", kReversedProfitPeriod))) return;
+  preview_profit(app(), grid_, take_period(), staged_);
+}
+
+void write_total_profit(Form& form, const ReportGrid& grid) {
+  const double profit = Val(form.text("tTotalSales")) - Val(form.text("tTotalPurchase"));
+  form.set_text("tTotalProfit",
+                grid.cells().Rows() > 1 ? format_number(profit, "######0.00") : "0");
+}
+
+void preview_profit(AppState& app, const ReportGrid& grid, const Period& period,
+                    const StagedProfit& staged) {
   const auto values = [&](const GridRow& row) {
     std::vector<std::string> all = {sql_text(period.from), sql_text(period.to)};
-    for (std::string& value : staged_(row)) all.push_back(std::move(value));
+    for (std::string& value : staged(row)) all.push_back(std::move(value));
     return all;
   };
-  stage_rows(app(), grid_,
+  stage_rows(app, grid,
              {.clear = "Delete from MonthlyProfit",
               .insert = "Insert into MonthlyProfit values(",
               .values = values});
-  open_preview(app(), "MonthlyProfitPri.rpt", "SELECT * FROM MonthlyProfit");
+  open_preview(app, "MonthlyProfitPri.rpt", "SELECT * FROM MonthlyProfit");
 }
 
 void write_average(AppState& app, Form& form, const ReportGrid& grid,

@@ -15,6 +15,9 @@ namespace tela {
 /// The orders of a profit list: by its first key, or by percentage.
 enum class ProfitOrder { key, percent_rising, percent_falling };
 
+/// A row's values of `MonthlyProfit` from position 3 on.
+using StagedProfit = std::function<std::vector<std::string>(const GridRow&)>;
+
 /// What a screen of the family is, apart from the family.
 struct ProfitDefinition {
   std::string screen;
@@ -24,8 +27,7 @@ struct ProfitDefinition {
   GridColumns columns;           ///< two of them total into `tTotalSales` and `tTotalPurchase`
   int percent_column = 0;        ///< the last column, which the average is taken of
   std::function<std::string(ProfitOrder)> list_sql;
-  /// A row's values of `MonthlyProfit` from position 3 on.
-  std::function<std::vector<std::string>(const GridRow&)> staged;
+  StagedProfit staged;
 };
 
 class ProfitReport : public Screen {
@@ -45,9 +47,19 @@ class ProfitReport : public Screen {
 
   int percent_column_;
   std::function<std::string(ProfitOrder)> list_sql_;
-  std::function<std::vector<std::string>(const GridRow&)> staged_;
+  StagedProfit staged_;
   ReportGrid grid_;
 };
+
+/// Writes "TOTAL PROFIT", what the two totals of the grid leave between them.
+void write_total_profit(Form& form, const ReportGrid& grid);
+
+/// Stages the grid's numbered rows in `MonthlyProfit` under the period and opens their preview.
+void preview_profit(AppState& app, const ReportGrid& grid, const Period& period,
+                    const StagedProfit& staged);
+
+/// What a preview of profit says when its period is reversed.
+inline constexpr const char* kReversedProfitPeriod = "The Start Date Is Greater Than The End Date";
 
 /// A plain average of a grid column.
 struct ColumnAverage {

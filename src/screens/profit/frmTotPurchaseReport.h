@@ -1,0 +1,31 @@
+// Purchase bills of suppliers of tax type "TOT", and the one place where a purchase bill can be
+// deleted, with its ledger entries and its payments.
+#pragma once
+
+#include <string>
+
+#include "report_framework/report_grid.h"
+#include "shell/screen.h"
+
+namespace tela {
+
+class frmTotPurchaseReport : public Screen {
+ public:
+  explicit frmTotPurchaseReport(AppState& app);
+
+  static std::string sql(const Period& period);
+
+ private:
+  void view();
+  void choose();
+  void look_up_voucher();
+  bool refused_selection();
+  void delete_bill();
+  void delete_header_and_lines(const std::string& bill);
+  void delete_payment_entries(const std::string& bill);
+  void delete_payments(const std::string& bill);
+
+  ReportGrid grid_;
+};
+
+}  // namespace tela
