@@ -45,6 +45,10 @@ class BreakingConnection : public Connection {
     count(sql);
     return inner_->execute(sql);
   }
+  void read_each(std::string_view sql, const RowVisitor& visit) override {
+    count(sql);
+    inner_->read_each(sql, visit);
+  }
   void begin_trans() override {
     count("begin");
     inner_->begin_trans();

@@ -34,6 +34,10 @@ std::string list(std::initializer_list<double> numbers) {
   return text;
 }
 
+std::filesystem::path catalogue_texts() {
+  return std::filesystem::path(TELA_SOURCE_DIR) / "catalogue";
+}
+
 class MemoryPort : public PrinterPort {
  public:
   explicit MemoryPort(std::string& bytes) : bytes_(bytes) {}
@@ -46,8 +50,16 @@ class MemoryPort : public PrinterPort {
 
 }  // namespace
 
+std::vector<std::string> changed_tables(const std::map<std::string, std::string>& before,
+                                        const std::map<std::string, std::string>& after) {
+  std::vector<std::string> changed;
+  for (const auto& [table, rows] : before)
+    if (after.at(table) != rows) changed.push_back(table);
+  return changed;
+}
+
 void create_catalogue(const Paths& paths) {
-  const std::filesystem::path texts = std::filesystem::path(TELA_SOURCE_DIR) / "catalogue";
+  const std::filesystem::path texts = catalogue_texts();
   std::vector<std::string> scripts;
   for (const char* name :
        {"schema.sql", "staging.sql", "procedures.sql", "start_rows.sql", "indexes.sql"})
@@ -98,6 +110,18 @@ Json Shop::sql(const std::string& statement) {
   const Json printed = Json::parse(run("sql " + statement).back());
   if (printed.contains("error")) throw std::runtime_error(printed["error"].get<std::string>());
   return printed.contains("rows") ? printed["rows"] : printed;
+}
+
+std::map<std::string, std::string> Shop::stored() {
+  const std::string_view create = "create table ";
+  std::map<std::string, std::string> all;
+  std::istringstream schema(file_text(catalogue_texts() / "schema.sql"));
+  for (std::string line; std::getline(schema, line);) {
+    if (!line.starts_with(create)) continue;
+    const std::string table = line.substr(create.size(), line.find(" (") - create.size());
+    all[table] = sql("select * from " + table).dump();
+  }
+  return all;
 }
 
 void Shop::add_workbook(const std::string& name) {

@@ -17,6 +17,10 @@
 
 namespace tela::testing {
 
+/// The names of the tables whose rows differ.
+std::vector<std::string> changed_tables(const std::map<std::string, std::string>& before,
+                                        const std::map<std::string, std::string>& after);
+
 /// Creates the embedded catalogue of a platform root from the project's own schema, with its
 /// start-up rows and nothing else.
 void create_catalogue(const Paths& paths);
@@ -48,6 +52,9 @@ class Shop {
   Json show(const std::string& script = {});
   /// Runs one statement and returns its rows, as `sql` prints them.
   Json sql(const std::string& statement);
+
+  /// The rows of every table that the tills share, by the table's name.
+  std::map<std::string, std::string> stored();
 
   void add(const Bill& bill);
   void add_item(int code, const std::string& name, const std::string& category,

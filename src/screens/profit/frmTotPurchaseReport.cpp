@@ -4,6 +4,7 @@
 
 #include "platform/text/number_text.h"
 #include "report_framework/sheet_export.h"
+#include "report_framework/way_back.h"
 #include "shell/app_state.h"
 #include "shell/database_gateway.h"
 #include "shell/failure.h"
@@ -138,42 +139,48 @@ void frmTotPurchaseReport::delete_bill() {
     return;
   look_up_voucher();
   const std::string bill = sql_number(form().text("tGrnNo"));
-  delete_header_and_lines(bill);
+  WayBack way_back(app(), name());
+  delete_header_and_lines(way_back, bill);
   finish_deletion("The purchase bill " + bill + " is",
                   "The cash payments of the bill and their journal entries are",
-                  [&] { delete_payment_entries(bill); });
+                  [&] { delete_payment_entries(way_back, bill); });
   finish_deletion("The purchase bill " + bill + " and the journal entries of its payments are",
-                  "The list of its cash payments is", [&] { delete_payments(bill); });
+                  "The list of its cash payments is", [&] { delete_payments(way_back, bill); });
   tell("Purchase Record Deleted", Icon::information);
   view();
   for (const auto& [box, col] : kChosen) form().set_text(box, "");
   form().set_text("tInternalNo", "");
 }
 
-void frmTotPurchaseReport::delete_header_and_lines(const std::string& bill) {
-  Transaction deletion(*app().Con);
-  app().Con->execute("Delete from Purchase where GrnNo=" + bill);
-  app().Con->execute("Delete from PurchaseTemp where GrnNo=" + bill);
-  const std::string& voucher = form().text("tInternalNo");
-  if (!voucher.empty())
-    app().Con->execute("Delete from Journal where InternalNo=" + sql_number(voucher));
-  deletion.commit();
+void frmTotPurchaseReport::remove(WayBack& way_back, const std::string& table,
+                                  const std::string& key, const std::string& number) {
+  const std::string rows = "where " + key + "=" + number;
+  way_back.keep_removed(table, rows, {key});
+  app().Con->execute("Delete from " + table + " " + rows);
 }
 
-void frmTotPurchaseReport::delete_payment_entries(const std::string& bill) {
-  Transaction deletion(*app().Con);
+void frmTotPurchaseReport::delete_header_and_lines(WayBack& way_back, const std::string& bill) {
+  way_back.begin();
+  remove(way_back, "Purchase", "GrnNo", bill);
+  remove(way_back, "PurchaseTemp", "GrnNo", bill);
+  const std::string& voucher = form().text("tInternalNo");
+  if (!voucher.empty()) remove(way_back, "Journal", "InternalNo", sql_number(voucher));
+  way_back.commit();
+}
+
+void frmTotPurchaseReport::delete_payment_entries(WayBack& way_back, const std::string& bill) {
+  way_back.begin();
   for (Recordset& rs = OpenRs(app(), payments_sql(bill)); !rs.eof(); rs.move_next())
     if (!is_null(rs.field(0)))
-      app().Con->execute("Delete from Journal where InternalNo=" +
-                         sql_number(field_text(rs.field(0))));
+      remove(way_back, "Journal", "InternalNo", sql_number(field_text(rs.field(0))));
   CloseRs(app());
-  deletion.commit();
+  way_back.commit();
 }
 
-void frmTotPurchaseReport::delete_payments(const std::string& bill) {
-  Transaction deletion(*app().Con);
-  app().Con->execute("Delete from SupplierCashPay where GrnNo=" + bill);
-  deletion.commit();
+void frmTotPurchaseReport::delete_payments(WayBack& way_back, const std::string& bill) {
+  way_back.begin();
+  remove(way_back, "SupplierCashPay", "GrnNo", bill);
+  way_back.commit();
 }
 
 }  // namespace tela

@@ -9,6 +9,8 @@
 
 namespace tela {
 
+class WayBack;
+
 class frmTotPurchaseReport : public Screen {
  public:
   explicit frmTotPurchaseReport(AppState& app);
@@ -21,9 +23,12 @@ class frmTotPurchaseReport : public Screen {
   void look_up_voucher();
   bool refused_selection();
   void delete_bill();
-  void delete_header_and_lines(const std::string& bill);
-  void delete_payment_entries(const std::string& bill);
-  void delete_payments(const std::string& bill);
+  /// Deletes the rows with `number` in the column `key`.
+  void remove(WayBack& way_back, const std::string& table, const std::string& key,
+              const std::string& number);
+  void delete_header_and_lines(WayBack& way_back, const std::string& bill);
+  void delete_payment_entries(WayBack& way_back, const std::string& bill);
+  void delete_payments(WayBack& way_back, const std::string& bill);
 
   ReportGrid grid_;
 };
