@@ -30,6 +30,10 @@
 #include "screens/sales_analysis/frmMobilePayDetails.h"
 #include "screens/sales_analysis/frmSaleReturn.h"
 #include "screens/sales_analysis/frmdailyIwiseSR.h"
+#include "screens/stock/frmOptimumStock.h"
+#include "screens/stock/frmStockReport.h"
+#include "screens/stock/frmStockZero.h"
+#include "screens/stock/log_report.h"
 #include "screens/tax/frmDateWise.h"
 #include "screens/tax/frmGstModifySales.h"
 #include "screens/tax/frmHsnSalesReport.h"
@@ -65,6 +69,12 @@ std::span<const ScreenEntry> all_screens() {
       {"FrmSaleProfit", make_screen<FrmSaleProfit>},
       {"frmTotPurchaseReport", make_screen<frmTotPurchaseReport>},
       {"frmTotSales", make_screen<frmTotSales>},
+      {"frmStockReport", make_screen<frmStockReport>},
+      {"frmOptimumStock", make_screen<frmOptimumStock>},
+      {"frmStockZero", make_screen<frmStockZero>},
+      {"frmStockAdjustReport", make_sister<LogReportScreen, frmStockAdjustReport>},
+      {"frmProductEditReport", make_sister<LogReportScreen, frmProductEditReport>},
+      {"frmSaleRateDiff", make_sister<LogReportScreen, frmSaleRateDiff>},
       {"frmBarChart", make_screen<frmBarChart>},
       {"frmBarChartDay", make_sister<PeriodChartScreen, frmBarChartDay>},
       {"frmBarChartCatagory", make_sister<PeriodChartScreen, frmBarChartCatagory>},

@@ -41,6 +41,9 @@ class Display {
   /// A remark beside the work, such as why a double click opened nothing new. It waits for no
   /// answer, and a script does not tell it.
   virtual void hint(const std::string& text) = 0;
+  /// How far a long run of statements has come. It waits for nothing, and a script does not tell
+  /// it.
+  virtual void progress(const std::string& work, int done, int total) = 0;
 
   /// A screen has been opened, brought to the front, or closed. `closed` comes while the screen
   /// still exists, for the last time.

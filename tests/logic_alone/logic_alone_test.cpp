@@ -26,6 +26,7 @@ class SilentDisplay : public Display {
   void focus(const Screen&, const std::string&) override {}
   void pointer(Pointer) override {}
   void hint(const std::string&) override {}
+  void progress(const std::string&, int, int) override {}
   void opened(Screen&) override {}
   void front(Screen&) override {}
   void closed(Screen&) override {}

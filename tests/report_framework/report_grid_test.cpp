@@ -69,6 +69,7 @@ class ReportGridTest : public ::testing::Test {
     void focus(const Screen&, const std::string&) override {}
     void pointer(Pointer) override {}
     void hint(const std::string&) override {}
+    void progress(const std::string&, int, int) override {}
     void opened(Screen&) override {}
     void front(Screen&) override {}
     void closed(Screen&) override {}

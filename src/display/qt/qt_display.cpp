@@ -113,6 +113,18 @@ void QtDisplay::hint(const std::string& words) {
   if (main_) main_->statusBar()->showMessage(text(words), kShownFor);
 }
 
+// The words are painted at once, since the window is busy until the action's end; what the user
+// types and clicks meanwhile waits for that.
+void QtDisplay::progress(const std::string& work, int done, int total) {
+  constexpr int kPause = 200;  // milliseconds
+  if (!main_ || total <= 0 || (last_progress_.isValid() && last_progress_.elapsed() < kPause))
+    return;
+  last_progress_.start();
+  main_->statusBar()->showMessage(
+      QStringLiteral("%1: %2 %").arg(text(work)).arg(100LL * done / total), 5 * kPause);
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
 void QtDisplay::opened(Screen& screen) {
   if (auto* main = dynamic_cast<MainWindow*>(&screen)) return open_main(*main);
   open_child(screen);

@@ -3,6 +3,7 @@
 // holds.
 #pragma once
 
+#include <QElapsedTimer>
 #include <functional>
 #include <map>
 #include <memory>
@@ -45,6 +46,7 @@ class QtDisplay : public Display {
   void focus(const Screen& screen, const std::string& control) override;
   void pointer(Pointer shape) override;
   void hint(const std::string& words) override;
+  void progress(const std::string& work, int done, int total) override;
   void opened(Screen& screen) override;
   void front(Screen& screen) override;
   void closed(Screen& screen) override;
@@ -76,6 +78,7 @@ class QtDisplay : public Display {
   std::unique_ptr<LoginWindow> login_;
   std::unique_ptr<MainFrame> main_;
   std::unique_ptr<PreviewWindow> preview_;
+  QElapsedTimer last_progress_;
   std::map<std::string, ChildFrame*> children_;  // by the screen's name; the frame's area owns them
 };
 

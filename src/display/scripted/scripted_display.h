@@ -33,6 +33,7 @@ class ScriptedDisplay : public Display {
   void focus(const Screen& screen, const std::string& control) override;
   void pointer(Pointer shape) override;
   void hint(const std::string&) override {}
+  void progress(const std::string&, int, int) override {}
   void opened(Screen& screen) override;
   void front(Screen& screen) override;
   void closed(Screen& screen) override;
