@@ -165,7 +165,8 @@ void frmOptimumStock::update_optimum_stock(WayBack& way_back) {
     const std::string code = field_text(rs.field(0));
     const std::string quantity = field_text(rs.field(2));
     quantities[code] = quantity;
-    updates.push_back("Update OptimumStock set OpStock=" + quantity + " where icode=" + code);
+    updates.push_back("Update OptimumStock set OpStock=" + quantity);
+    updates.back() += " where icode=" + code;
   }
   CloseRs(app());
   way_back.begin();
