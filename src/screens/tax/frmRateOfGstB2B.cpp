@@ -10,7 +10,8 @@ TaxList frmRateOfGstB2B() {
       .words = mixed_words("EXCEL"),
       .columns = rate_columns("TOTAL SALES", "tTotalSales", "tTotalSalesGst"),
       .look = {.headed_at_load = false},
-      .results = tab_order(total_box("tTotalSales", "TOTAL Rs."), total_box("tTotalSalesGst", "")),
+      .results = group("         SALES REPORT", tab_order(total_box("tTotalSales", "TOTAL Rs."),
+                                                          total_box("tTotalSalesGst", ""))),
       .sql =
           [](const Period& period) {
             return stored_tax_by_rate("Sales1", period, "  and TaxType='SGST'");

@@ -24,6 +24,19 @@ GridColumns sales_columns() {
   };
 }
 
+// Behind the grid of the sales: their totals, and the purchases.
+std::vector<Control> results() {
+  std::vector<Control> all =
+      group("         SALES REPORT",
+            tab_order(total_box("tTotalSales", "TOTAL Rs."), total_box("tTotalSalesGst", ""),
+                      total_box("tCess", "CESS")));
+  all.push_back(grid("MSHF1", 4));
+  append(all, group("        PURCHASE REPORT",
+                    tab_order(total_box("tTotalPurchase", "TOTAL Rs."),
+                              total_box("tTotalPurGst", ""), total_box("tCessAmount", "CESS"))));
+  return all;
+}
+
 TaxList definition() {
   return {
       .screen = "frmRateOfTax",
@@ -31,10 +44,7 @@ TaxList definition() {
       .words = mixed_words("EXCEL"),
       .columns = sales_columns(),
       .look = rate_look("MSHF"),
-      .results = tab_order(total_box("tTotalSales", "TOTAL Rs."), total_box("tTotalSalesGst", ""),
-                           total_box("tCess", "CESS"), grid("MSHF1", 4),
-                           total_box("tTotalPurchase", "TOTAL Rs."), total_box("tTotalPurGst", ""),
-                           total_box("tCessAmount", "CESS")),
+      .results = results(),
       .staging = frmRateOfTax::staging,
       .sql = frmRateOfTax::sql,
       .sheet = sheet_layouts::frmRateOfTax,
