@@ -16,6 +16,7 @@
 
 #include "platform/embedded/embedded_catalogue.h"
 #include "sql_shell.h"
+#include "support/recorded_statements.h"
 
 namespace tela::bench {
 namespace {
@@ -30,9 +31,16 @@ struct Question {
   double most_of_postgres;  ///< 0 where nothing is asked
 };
 
-std::string items_of_program(const std::string& where) {
-  return "select icode,iname,mrp,salerate,sum(qty),sum(qty) * salerate from sales where " + where +
-         " group by icode,iname,mrp,salerate order by iname";
+using testing::screen_statement;
+
+/// Console commands that list a period on a screen for all counters.
+std::string listing(const std::string& screen, const std::string& first, const std::string& last) {
+  return "open " + screen + "\nset DTP1 " + first + "\nset DTP2 " + last +
+         "\npick Combo1 ALL COUNTER\npress cmdView";
+}
+
+std::string between(const std::string& first, const std::string& last) {
+  return "BillDate >= " + first + " AND BillDate <= " + last;
 }
 
 std::string items_by_hand(const std::string& where) {
@@ -40,59 +48,30 @@ std::string items_by_hand(const std::string& where) {
          where + " GROUP BY iCode, iName, mrp, SaleRate ORDER BY iName;";
 }
 
-std::string between(const std::string& first, const std::string& last) {
-  return "BillDate >= " + first + " AND BillDate <= " + last;
+/// The item report as texts, as its screen asks for it; PostgreSQL is asked for the plain numbers.
+std::string items_by_hand_as_text(const std::string& where) {
+  return "SELECT iCode, iName, printf('%8.2f', mrp), printf('%8.2f', SaleRate), "
+         "printf('%8.3f', sum(Qty)), printf('%8.2f', sum(Qty) * SaleRate) FROM Sales WHERE " +
+         where + " GROUP BY iCode, iName, mrp, SaleRate ORDER BY iName;";
 }
 
-Question items(const char* name, const std::string& program, const std::string& sqlite,
-               const std::string& postgres, int runs, double most_of_shell,
-               double most_of_postgres) {
-  return {name,
-          items_of_program(program),
-          items_by_hand(sqlite),
-          items_by_hand(postgres),
-          runs,
-          most_of_shell,
-          most_of_postgres};
+std::string bills_by_hand(const std::string& where) {
+  return "SELECT BillNo, BillDate, BillTime, printf('%8.2f', NetAmount), "
+         "printf('%8.2f', DiscAmount), printf('%8.2f', Total), CASE WHEN BillType IN "
+         "('CASH/CREDIT', 'POINTS SALES') THEN Total - (CardPaid + MealsPaid + MobilePay + "
+         "PointsUsed) ELSE CashPaid END, printf('%8.2f', CardPaid), printf('%8.2f', MealsPaid), "
+         "MobilePay, printf('%8.2f', PointsUsed) FROM SalesTemp WHERE " +
+         where + " ORDER BY BillDate, BillNo;";
 }
 
-Question daily_bills() {
-  const std::string by_hand =
-      "SELECT BillNo, BillDate, BillTime, NetAmount, DiscAmount, Total, CASE WHEN BillType IN "
-      "('CASH/CREDIT', 'POINTS SALES') THEN Total - (CardPaid + MealsPaid + MobilePay + "
-      "PointsUsed) ELSE CashPaid END, CardPaid, MealsPaid, MobilePay, PointsUsed FROM SalesTemp "
-      "WHERE BillDate = ";
-  return {"bills of a day",
-          "select billno,billdate,BillTime,str(netamount,8,2)'NET AMT',str(DiscAmount,8,2)"
-          "'Discount',str(Total,8,2),(case when BillType='CASH/CREDIT' or BillType='POINTS SALES' "
-          "then Total-(CardPaid+MealsPaid+MobilePay+PointsUsed) else CashPaid end),str(CardPaid,8,"
-          "2),str(MealsPaid,8,2),MobilePay,STR(PointsUsed,8,2) from salestemp where "
-          "billdate='16/Dec/2024' order by billno",
-          by_hand + "20241216 ORDER BY BillNo;",
-          {},
-          50,
-          1.3,
-          0};
-}
-
-// A sum of a table's movements, as the stock report asks for it for each item.
-std::string stock_sum(const std::string& table, const std::string& value, const std::string& days) {
-  return ",(Select isnull(sum(" + value + "),0) from " + table + " where Items.icode=" + table +
-         ".iCode and " + days + ")";
-}
-
-std::string stock_of_program() {
-  const std::string before = "<'01/Dec/2024'";
-  const auto within = [](const std::string& day) {
-    return day + ">='01/Dec/2024' and " + day + "<='31/Dec/2024'";
-  };
-  return "Select icode,iname,opstock" + stock_sum("Sales", "Sales.qty", "Sales.billdate" + before) +
-         stock_sum("purchase", "purchase.qty+purchase.Fqty", "purchase.billdate" + before) +
-         stock_sum("stockadjust", "stockadjust.AdjustQty", "stockadjust.AdjustDate" + before) +
-         stock_sum("Sales", "Sales.qty", within("Sales.billdate")) +
-         stock_sum("purchase", "purchase.qty", within("purchase.billdate")) +
-         stock_sum("stockadjust", "stockadjust.AdjustQty", within("stockadjust.AdjustDate")) +
-         ",0 from items WHERE CreatedDate<'31/Dec/2024' order by icode";
+Question items_of_a_month() {
+  return {"items of a month",
+          screen_statement(listing("frmItemSalesReport", "01/12/2024", "31/12/2024"), "select i"),
+          items_by_hand_as_text(between("20241201", "20241231")),
+          items_by_hand(between("'2024-12-01'", "'2024-12-31'")),
+          15,
+          1.0,
+          1.0};
 }
 
 // Each table is read once, in the order of an index that holds all that is read.
@@ -115,15 +94,34 @@ std::string stock_by_hand() {
 
 std::vector<Question> questions() {
   return {
-      items("items of a day", "billdate='16/Dec/2024'", "BillDate = 20241216",
-            "BillDate = '2024-12-16'", 50, 1.3, 1.0),
-      items("items of a month", "billdate>='01/Dec/2024' and billdate<='31/Dec/2024'",
-            between("20241201", "20241231"), between("'2024-12-01'", "'2024-12-31'"), 15, 1.0, 1.0),
-      items("items of ten years", "billdate>='01/Jan/2014' and billdate<='31/Dec/2024'",
-            between("20140101", "20241231"), between("'2014-01-01'", "'2024-12-31'"), 3, 1.0 / 8,
-            1.2),
-      daily_bills(),
-      {"stock of ten years", stock_of_program(), stock_by_hand(), {}, 3, 1.3, 0},
+      {"items of a day",
+       screen_statement("open frmdailyIwiseSR\nset DTP 16/12/2024\npick Combo1 ALL COUNTER\n"
+                        "press cmdView",
+                        "select i"),
+       items_by_hand("BillDate = 20241216"), items_by_hand("BillDate = '2024-12-16'"), 50, 1.3,
+       1.0},
+      items_of_a_month(),
+      {"items of ten years",
+       screen_statement(listing("frmItemSalesReport", "01/01/2014", "31/12/2024"), "select i"),
+       items_by_hand_as_text(between("20140101", "20241231")),
+       items_by_hand(between("'2014-01-01'", "'2024-12-31'")), 3, 1.0 / 8, 1.2},
+      {"bills of a day",
+       screen_statement("open frmDailyS_R\nset DTPicker1 16/12/2024\npick Combo1 ALL COUNTER\n"
+                        "press cmdView",
+                        "select billno"),
+       bills_by_hand("BillDate = 20241216"), "", 50, 1.3, 0},
+      {"bills of a month",
+       screen_statement(listing("frmmonthlySR", "01/12/2024", "31/12/2024"), "select billno"),
+       bills_by_hand(between("20241201", "20241231")), "", 15, 1.3, 0},
+      {"stock of ten years",
+       screen_statement(
+           "open frmStockReport\nset DTP1 01/12/2024\nset DTP2 31/12/2024\npress cmdView",
+           "Select icode"),
+       stock_by_hand(),
+       {},
+       3,
+       1.3,
+       0},
   };
 }
 
@@ -184,7 +182,7 @@ void compare(const std::string& file, const std::string& psql) {
 
 void compare_sizes(const std::string& large, const std::string& small) {
   constexpr int runs = 15;
-  const std::string month = questions()[1].program;
+  const std::string month = items_of_a_month().program;
   const auto time = [&](const std::string& file) {
     const auto connection = connect(file);
     return best_of(runs, [&] { connection->execute(month); });

@@ -4,6 +4,8 @@
 //   | 101|'Ponni Rice'            a row that it gives, fields parted by |, texts in quotes
 //   ! Invalid column name 'x'.    the error that it gives
 //   # anything                    a comment
+//   < press cmdView               a command of the console: what follows are the statements that it
+//                                 made a screen run
 #pragma once
 
 #include <filesystem>
@@ -11,6 +13,10 @@
 #include <stdexcept>
 #include <string>
 #include <vector>
+
+#include "platform/database/database_client.h"
+#include "platform/text/date_text.h"
+#include "platform/text/number_text.h"
 
 namespace tela::test {
 
@@ -29,7 +35,7 @@ inline std::vector<ScriptedStatement> read_script(const std::string& name) {
   std::vector<ScriptedStatement> statements;
   std::string line;
   for (int number = 1; std::getline(file, line); ++number) {
-    if (line.empty() || line[0] == '#') continue;
+    if (line.empty() || line[0] == '#' || line[0] == '<') continue;
     const std::string rest = line.size() > 2 ? line.substr(2) : "";
     if (line[0] == '>') {
       statements.push_back({number, rest, {}, {}});
@@ -42,6 +48,28 @@ inline std::vector<ScriptedStatement> read_script(const std::string& name) {
     }
   }
   return statements;
+}
+
+/// Rows as a script states them.
+inline std::vector<std::string> row_texts(const RowSet& rows) {
+  struct FieldText {
+    std::string operator()(std::monostate) const { return "null"; }
+    std::string operator()(const std::string& text) const { return "'" + text + "'"; }
+    std::string operator()(double number) const { return plain_number(number); }
+    std::string operator()(std::int64_t number) const { return plain_number(number); }
+    std::string operator()(Date date) const { return format_date(date, "yyyy-mm-dd"); }
+    std::string operator()(TimeOfDay time) const { return format_time(time, "HH:MM:SS"); }
+  };
+  std::vector<std::string> texts;
+  for (const auto& row : rows.rows) {
+    std::string text;
+    for (const Value& field : row) {
+      if (!text.empty()) text += '|';
+      text += std::visit(FieldText{}, field);
+    }
+    texts.push_back(text);
+  }
+  return texts;
 }
 
 }  // namespace tela::test

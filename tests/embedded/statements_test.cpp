@@ -7,8 +7,6 @@
 
 #include "embedded/statement_script.h"
 #include "platform/embedded/embedded_catalogue.h"
-#include "platform/text/date_text.h"
-#include "platform/text/number_text.h"
 
 namespace tela {
 namespace {
@@ -18,28 +16,6 @@ namespace fs = std::filesystem;
 std::string source_text(const std::string& name) {
   std::ifstream file(fs::path(TELA_SOURCE_DIR) / name);
   return {std::istreambuf_iterator<char>(file), {}};
-}
-
-struct FieldText {
-  std::string operator()(std::monostate) const { return "null"; }
-  std::string operator()(const std::string& text) const { return "'" + text + "'"; }
-  std::string operator()(double number) const { return plain_number(number); }
-  std::string operator()(std::int64_t number) const { return plain_number(number); }
-  std::string operator()(Date date) const { return format_date(date, "yyyy-mm-dd"); }
-  std::string operator()(TimeOfDay time) const { return format_time(time, "HH:MM:SS"); }
-};
-
-std::vector<std::string> row_texts(const RowSet& rows) {
-  std::vector<std::string> texts;
-  for (const auto& row : rows.rows) {
-    std::string text;
-    for (const Value& field : row) {
-      if (!text.empty()) text += '|';
-      text += std::visit(FieldText{}, field);
-    }
-    texts.push_back(text);
-  }
-  return texts;
 }
 
 class Statements : public testing::TestWithParam<const char*> {
@@ -68,7 +44,7 @@ class Statements : public testing::TestWithParam<const char*> {
     try {
       const RowSet rows = connection_->execute(statement.sql);
       EXPECT_EQ(statement.error, "") << "no error came";
-      EXPECT_EQ(row_texts(rows), statement.rows);
+      EXPECT_EQ(test::row_texts(rows), statement.rows);
     } catch (const DatabaseError& error) {
       EXPECT_EQ(std::string(error.what()), statement.error);
     }
