@@ -2,10 +2,10 @@
 # Installs the Debian packages that building and testing need: one apt step, and only if something is
 # missing. Runs as root or with sudo, and does nothing the second time.
 #
-# usage: scripts/install_packages.sh [--lint]     with --lint also what the checks of style need
+# usage: scripts/install_packages.sh [--lint]     with --lint also what the checks of .ci/run need
 set -eu
 
-packages="cmake ninja-build g++ ccache git
+packages="cmake ninja-build g++ ccache mold git
   libsqlite3-dev sqlite3 nlohmann-json3-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   qt6-base-dev qt6-svg-dev qt6-charts-dev libqt6opengl6-dev libgl1-mesa-dev
@@ -25,7 +25,7 @@ fi
 packages="$packages libreoffice-dev libreoffice-dev-common"
 
 if [ "${1:-}" = --lint ]; then
-  packages="$packages clang clang-format clang-tidy"
+  packages="$packages clang libclang-rt-dev clang-format clang-tidy"
 fi
 
 missing=""
