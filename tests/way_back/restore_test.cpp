@@ -20,16 +20,16 @@ using ::testing::HasSubstr;
 
 constexpr const char* rows[] = {
     "SalesTemp (BillNo,BillDate,NetAmount) values (1,'2024-01-03',30),(2,'2024-01-04',15.5)",
-    "Sales (BillNo,BillDate,iCode,iName,Qty,Amount,iIGst,iCGst,iSGst,iHSNcode) values "
-    "(1,'2024-01-03',5,N'Amma''s அரிசி  ',1,10,5,2.5,2.5,'1006'),"
-    "(1,'2024-01-03',5,N'Amma''s அரிசி  ',1,10,5,2.5,2.5,'1006'),"
-    "(1,'2024-01-03',5,N'AMMA''s அரிசி',1,10,5,2.5,2.5,'1006'),"
-    "(1,'2024-01-03',6,'SOAP',1,10,18,9,9,null),"
-    "(2,'2024-01-04',6,'SOAP',0.1,15.5,5,2.4,2.6,''),"
-    "(2,'2024-01-04',6,'SOAP',0.1,15.5,12,6,6,'')",
+    ("Sales (BillNo,BillDate,iCode,iName,Qty,Amount,iIGst,iCGst,iSGst,iHSNcode) values "
+     "(1,'2024-01-03',5,N'Amma''s அரிசி  ',1,10,5,2.5,2.5,'1006'),"
+     "(1,'2024-01-03',5,N'Amma''s அரிசி  ',1,10,5,2.5,2.5,'1006'),"
+     "(1,'2024-01-03',5,N'AMMA''s அரிசி',1,10,5,2.5,2.5,'1006'),"
+     "(1,'2024-01-03',6,'SOAP',1,10,18,9,9,null),"
+     "(2,'2024-01-04',6,'SOAP',0.1,15.5,5,2.4,2.6,''),"
+     "(2,'2024-01-04',6,'SOAP',0.1,15.5,12,6,6,'')"),
     "stockledger values (5,'2024-01-03',-1,'BILL'),(5,'2024-01-03',-1,'BILL'),(6,null,-2,null)",
-    "Items (iCode,iName,ministock,Stock,iHSNcode) values (5,'RICE',2,-2.5,'1006'),"
-    "(6,'SOAP',null,-0.1,'3401')",
+    ("Items (iCode,iName,ministock,Stock,iHSNcode) values (5,'RICE',2,-2.5,'1006'),"
+     "(6,'SOAP',null,-0.1,'3401')"),
     "OptimumStock values (5,'RICE',4)",
     "StockAdjust values (5,'RICE',1,-2,-1,'2024-01-03'),(5,'RICE',1,-2,-1,'2024-01-03')",
     "Purchase (GrnNo,iCode,Qty) values (3,5,10),(3,6,10),(4,5,1)",

@@ -1,7 +1,6 @@
 #include "apps/tela_catalogue/commands/kept_commands.h"
 
 #include <algorithm>
-#include <ranges>
 #include <stdexcept>
 #include <string_view>
 #include <vector>
@@ -28,7 +27,7 @@ std::vector<fs::path> actions_in(const fs::path& folder) {
   for (const fs::directory_entry& entry : fs::directory_iterator(folder))
     if (entry.path().extension() != unfinished_kept_rows && !parts_of(entry.path()).empty())
       actions.push_back(entry.path());
-  std::ranges::sort(actions);
+  std::sort(actions.begin(), actions.end());
   return actions;
 }
 
@@ -83,9 +82,9 @@ bool restore_part(Connection& catalogue, const fs::path& part, std::vector<std::
                   Messages& messages) {
   const std::vector<KeptTable> tables = read_contents(part);
   bool is_restored = false;
-  for (const KeptTable& kept : tables | std::views::reverse) {
-    const bool was_to_do = restore_table(catalogue, part, kept, messages);
-    done.push_back(description(kept) + (was_to_do ? ", brought back" : ", as before already"));
+  for (auto kept = tables.rbegin(); kept != tables.rend(); ++kept) {
+    const bool was_to_do = restore_table(catalogue, part, *kept, messages);
+    done.push_back(description(*kept) + (was_to_do ? ", brought back" : ", as before already"));
     is_restored |= was_to_do;
   }
   return is_restored;
@@ -109,8 +108,8 @@ void restore_kept(Connection& catalogue, const fs::path& folder, std::string_vie
   std::vector<std::string> done;
   catalogue.begin_trans();
   try {
-    for (const fs::path& part : parts | std::views::reverse)
-      is_restored |= restore_part(catalogue, part, done, messages);
+    for (auto part = parts.rbegin(); part != parts.rend(); ++part)
+      is_restored |= restore_part(catalogue, *part, done, messages);
     catalogue.commit_trans();
   } catch (const std::exception& error) {
     if (catalogue.in_transaction()) catalogue.rollback_trans();
