@@ -17,6 +17,13 @@ add_custom_command(
   COMMENT "Making the headers of LibreOffice's interface" VERBATIM)
 add_custom_target(tela_office_headers DEPENDS "${office_headers}.made")
 
+# The office's objects come without the type information that this check reads. Linked last, so that
+# it stands behind the option that turns all checks on.
+add_library(tela_office_objects INTERFACE)
+if(TELA_SANITIZE)
+  target_compile_options(tela_office_objects INTERFACE -fno-sanitize=vptr)
+endif()
+
 # tela_office_program(NAME [libraries...]): an executable of this folder's *.cpp files. Whoever starts
 # it says where the office's libraries are.
 function(tela_office_program name)
@@ -27,8 +34,5 @@ function(tela_office_program name)
   target_link_directories(${name} PRIVATE "${office_kit}/lib")
   target_link_libraries(${name} PRIVATE uno_cppuhelpergcc3 uno_cppu uno_sal)
   target_link_options(${name} PRIVATE "-Wl,-rpath-link,${office_folder}")
-  if(TELA_SANITIZE)
-    # The office's objects come without the type information that this check reads.
-    target_compile_options(${name} PRIVATE -fno-sanitize=vptr)
-  endif()
+  target_link_libraries(${name} PRIVATE tela_office_objects)
 endfunction()

@@ -101,7 +101,7 @@ void Pie::paint_side(QPainter& painter, bool right) const {
   for (const Slice& slice : slices_)
     if ((direction(slice).x() >= 0) == right) side.push_back(slice);
   // The largest slices have their labels where there is no room for all.
-  const auto room = static_cast<std::size_t>(area_.height() / metrics.height());
+  const auto room = static_cast<std::size_t>(std::max(0.0, area_.height() / metrics.height()));
   std::stable_sort(side.begin(), side.end(),
                    [](const Slice& a, const Slice& b) { return a.span > b.span; });
   if (side.size() > room) side.resize(room);
