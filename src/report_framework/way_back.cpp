@@ -15,7 +15,7 @@ using Change = KeptTable::Change;
 namespace {
 
 /// Text is handed on in pieces of this size, so that memory does not grow with the rows.
-constexpr std::size_t piece = 256 * 1024;
+constexpr std::size_t piece = std::size_t{256} * 1024;
 
 /// The rows of a table as they are now, and locked on a server until the transaction's end: no till
 /// changes one between the reading and the statement.
@@ -45,6 +45,7 @@ void append_line(std::string& text, std::span<const Value> values) {
 
 std::string header_of(const std::vector<std::string>& columns) {
   std::vector<Field> fields;
+  fields.reserve(columns.size());
   for (const std::string& column : columns) fields.push_back({column, FieldType::text});
   std::string header;
   append_header(header, fields);

@@ -18,10 +18,10 @@ struct Refusal {
 };
 
 /// The control's text is empty or nothing but blanks.
-Refusal blank(std::string control, std::string text, Icon icon = Icon::critical);
+Refusal blank(const std::string& control, std::string text, Icon icon = Icon::critical);
 /// The control's text is empty; blanks count as a text.
-Refusal empty(std::string control, std::string text, Icon icon = Icon::critical);
+Refusal empty(const std::string& control, std::string text, Icon icon = Icon::critical);
 /// The first picker is later than the second. The focus goes to the first.
-Refusal reversed(std::string first, std::string second, std::string text);
+Refusal reversed(const std::string& first, const std::string& second, std::string text);
 
 }  // namespace tela

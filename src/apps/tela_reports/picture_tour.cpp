@@ -144,7 +144,8 @@ void PictureTour::every_screen() {
   for (const ScreenEntry& entry : all_screens()) {
     Screen& screen = app_.windows.open(app_, entry.name);
     fill_inputs(screen);
-    if (screen.form().has("cmdView")) screen.press("cmdView");
+    for (const char* view : {"cmdView", "CmdView"})
+      if (screen.form().has(view)) screen.press(view);
     auto& window = part<QMdiSubWindow>(frame, screen.name().c_str());
     window.findChild<ScreenView*>()->mirror();
     save_picture(window, folder_, "screens/" + QString::fromStdString(screen.name()));

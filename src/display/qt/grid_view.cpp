@@ -9,6 +9,8 @@
 #include <QScrollBar>
 #include <algorithm>
 #include <cmath>
+#include <numeric>
+#include <vector>
 
 namespace tela {
 
@@ -20,6 +22,8 @@ constexpr int kTwipsPerInch = 1440;
 constexpr int kHeaderPadding = 16;  // pixels
 constexpr int kRowPadding = 7;      // pixels
 constexpr int kRowsInHint = 16;
+constexpr int kLeastPadding = 8;  // pixels, in a column that gave way
+constexpr int kMostExcess = 6;    // the part of the window's width that columns give way for
 
 }  // namespace
 
@@ -40,6 +44,7 @@ GridView::GridView(DesktopSettings& settings, QString key, QWidget* parent)
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setMinimumSectionSize(0);
+  horizontalHeader()->setResizeContentsPrecision(0);  // the rows in sight are enough
   connect(horizontalHeader(), &QHeaderView::sectionResized, this,
           [this](int column, int, int pixels) { column_pulled(column, pixels); });
   adopt_font();
@@ -86,7 +91,31 @@ void GridView::apply_widths() {
     }
     setColumnWidth(col, pixels);
   }
+  if (pulled_.empty()) squeeze_columns();
   sizing_ = false;
+}
+
+void GridView::squeeze_columns() {
+  const int excess = horizontalHeader()->length() - viewport()->width();
+  if (excess <= 0 || excess > viewport()->width() / kMostExcess) return;
+  const QFontMetrics heading(horizontalHeader()->font());
+  std::vector<int> room;
+  for (int col = 0; col < grid_->Cols(); ++col) {
+    const QString header = model_->headerData(col, Qt::Horizontal).toString();
+    const int needed = std::max(heading.horizontalAdvance(header), sizeHintForColumn(col));
+    room.push_back(isColumnHidden(col) ? 0
+                                       : std::max(0, columnWidth(col) - needed - kLeastPadding));
+  }
+  const int whole = std::accumulate(room.begin(), room.end(), 0);
+  if (whole < excess) return;
+  for (int col = 0; col < grid_->Cols(); ++col)
+    setColumnWidth(
+        col, columnWidth(col) - (excess * room[static_cast<std::size_t>(col)] + whole - 1) / whole);
+}
+
+void GridView::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  apply_widths();
 }
 
 void GridView::column_pulled(int column, int pixels) {

@@ -38,10 +38,14 @@ class GridView : public QTableView {
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void adopt_font();
   void apply_widths();
+  /// Where the columns are a little wider than the window, those with room to spare give way, so
+  /// that all are seen.
+  void squeeze_columns();
   void column_pulled(int column, int pixels);
   double pixels_per_twip() const;
   bool holds(int cell, const QString& text) const;

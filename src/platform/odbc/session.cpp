@@ -38,6 +38,7 @@ bool went_well(SQLRETURN result) {
 
 std::vector<Field> fields_of(const std::vector<Column>& columns) {
   std::vector<Field> fields;
+  fields.reserve(columns.size());
   for (const Column& column : columns) fields.push_back(column.field);
   return fields;
 }
