@@ -53,8 +53,8 @@ function(tela_test name)
   file(GLOB sources CONFIGURE_DEPENDS "*.cpp" "*.h")
   add_executable(${name} ${sources})
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
-  target_compile_definitions(${name} PRIVATE TELA_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
-  target_link_libraries(${name} PRIVATE tela_options ${ARGN} GTest::gtest_main GTest::gmock)
+  target_link_libraries(${name} PRIVATE tela_options tela_source_folder ${ARGN} GTest::gtest_main
+                                        GTest::gmock)
   if(TELA_SANITIZE)
     # A process a case would spend its time on starting.
     add_test(NAME ${name} COMMAND ${name})

@@ -17,6 +17,7 @@
 #include "platform/database/database_client.h"
 #include "platform/text/date_text.h"
 #include "platform/text/number_text.h"
+#include "source_folder/source_folder.h"
 
 namespace tela::test {
 
@@ -29,7 +30,7 @@ struct ScriptedStatement {
 
 /// The statements of a script file of tests/embedded, in order.
 inline std::vector<ScriptedStatement> read_script(const std::string& name) {
-  const auto path = std::filesystem::path(TELA_SOURCE_DIR) / "tests" / "embedded" / name;
+  const auto path = source_folder() / "tests" / "embedded" / name;
   std::ifstream file(path);
   if (!file) throw std::runtime_error("cannot read " + path.string());
   std::vector<ScriptedStatement> statements;

@@ -7,6 +7,7 @@
 
 #include "embedded/statement_script.h"
 #include "platform/embedded/embedded_catalogue.h"
+#include "source_folder/source_folder.h"
 
 namespace tela {
 namespace {
@@ -14,7 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 std::string source_text(const std::string& name) {
-  std::ifstream file(fs::path(TELA_SOURCE_DIR) / name);
+  std::ifstream file(source_folder() / name);
   return {std::istreambuf_iterator<char>(file), {}};
 }
 

@@ -3,6 +3,7 @@
 
 #include "platform/report/banded_engine.h"
 #include "report/staging_rows.h"
+#include "source_folder/source_folder.h"
 
 namespace tela {
 
@@ -10,7 +11,7 @@ std::unique_ptr<Report> open_shipped(const std::string& file, FakeCatalogue& cat
                                      int records) {
   BandedReportEngine engine({catalogue.factory(),
                              [](std::string_view) { return "/no/folder"; },
-                             TELA_SOURCE_DIR "/reports",
+                             source_folder() / "reports",
                              {}});
   auto report = engine.open_report("D:\\Tela_Supermarket\\Report\\" + file);
   catalogue.rows = staging_rows(staging_tables().at(report->tables().front().location()), records);

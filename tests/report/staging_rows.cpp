@@ -1,5 +1,6 @@
 // Reads the columns of the staging tables and fills them.
 #include "report/staging_rows.h"
+#include "source_folder/source_folder.h"
 
 #include <fstream>
 #include <sstream>
@@ -35,7 +36,7 @@ Value plausible(const Field& field, int row, int column) {
 }  // namespace
 
 std::map<std::string, RowSet> staging_tables() {
-  std::ifstream file(TELA_SOURCE_DIR "/catalogue/staging.sql");
+  std::ifstream file(source_folder() / "catalogue" / "staging.sql");
   std::map<std::string, RowSet> tables;
   RowSet* table = nullptr;
   for (std::string line; std::getline(file, line);) {

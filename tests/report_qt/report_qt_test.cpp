@@ -15,6 +15,7 @@
 #include "platform/report_qt/paged_output.h"
 #include "platform/report_qt/report_viewer.h"
 #include "report/shipped_report.h"
+#include "source_folder/source_folder.h"
 
 namespace tela {
 namespace {
@@ -62,7 +63,7 @@ TEST_F(Pdf, HoldsAllPagesAndTexts) {
 }
 
 TEST_F(Pdf, HeadingsAreWholeInEveryLayout) {
-  for (const fs::directory_entry& file : fs::directory_iterator(TELA_SOURCE_DIR "/reports")) {
+  for (const fs::directory_entry& file : fs::directory_iterator(source_folder() / "reports")) {
     if (file.path().extension() != ".rpt") continue;
     const auto document = run_report(file.path().filename().string(), 3);
     write_pdf(*document, path_);

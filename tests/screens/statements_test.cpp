@@ -7,6 +7,7 @@
 #include <iterator>
 #include <sstream>
 
+#include "source_folder/source_folder.h"
 #include "support/recorded_statements.h"
 
 namespace tela::testing {
@@ -37,7 +38,7 @@ std::string played(const std::string& script) {
 }
 
 TEST(ScreenStatements, AreThoseOfTheScript) {
-  const auto path = std::filesystem::path(TELA_SOURCE_DIR) / "tests/embedded/statements.txt";
+  const auto path = source_folder() / "tests/embedded/statements.txt";
   std::ifstream file(path);
   const std::string script(std::istreambuf_iterator<char>(file), {});
   const std::string now = played(script);

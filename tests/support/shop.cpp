@@ -15,6 +15,7 @@
 #include "report_framework/sheet_layouts.h"
 #include "screens/registry.h"
 #include "shell/sql_value.h"
+#include "source_folder/source_folder.h"
 
 namespace tela::testing {
 
@@ -35,7 +36,7 @@ std::string list(std::initializer_list<double> numbers) {
 }
 
 std::filesystem::path catalogue_texts() {
-  return std::filesystem::path(TELA_SOURCE_DIR) / "catalogue";
+  return source_folder() / "catalogue";
 }
 
 class MemoryPort : public PrinterPort {
@@ -80,7 +81,7 @@ Shop::Shop()
     return std::make_unique<BandedReportEngine>(
         ReportEngineParts{platform_.make_connection,
                           [this](std::string_view folder) { return paths_.resolve(folder); },
-                          std::filesystem::path(TELA_SOURCE_DIR) / "reports",
+                          source_folder() / "reports",
                           {}});
   };
   platform_.open_port = [this](std::string_view name) {

@@ -10,6 +10,7 @@
 
 #include "platform/tsql/lexer.h"
 #include "platform/tsql/parser.h"
+#include "source_folder/source_folder.h"
 
 namespace tela::test {
 
@@ -34,8 +35,7 @@ class MemorySchema : public tsql::Schema {
   static MemorySchema of_catalogue() {
     MemorySchema schema;
     for (const char* name : {"schema", "staging", "procedures"}) {
-      const auto path =
-          std::filesystem::path(TELA_SOURCE_DIR) / "catalogue" / (std::string(name) + ".sql");
+      const auto path = source_folder() / "catalogue" / (std::string(name) + ".sql");
       std::ifstream file(path);
       const std::string script{std::istreambuf_iterator<char>(file), {}};
       for (const auto statement : tsql::split_batch(script)) schema.run(statement);
