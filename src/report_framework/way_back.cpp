@@ -43,13 +43,11 @@ void append_line(std::string& text, std::span<const Value> values) {
   text += '\n';
 }
 
-std::string header_of(const std::vector<std::string>& columns) {
-  std::vector<Field> fields;
-  fields.reserve(columns.size());
-  for (const std::string& column : columns) fields.push_back({column, FieldType::text});
-  std::string header;
-  append_header(header, fields);
-  return header;
+/// Names of columns as a select and a header list them.
+std::string joined(const std::vector<std::string>& columns) {
+  std::string list;
+  for (const std::string& column : columns) list += (list.empty() ? "" : ",") + column;
+  return list;
 }
 
 /// The files of a table that has `others` files of the same kind already.
@@ -120,7 +118,8 @@ WayBack::File& WayBack::file_of(KeptTable contents) {
   const auto found = std::ranges::find_if(files_, holds_the_same);
   if (found != files_.end()) return *found;
   name_files(contents, std::ranges::count_if(files_, is_same_kind));
-  return files_.emplace_back(File{std::move(contents), {}, {}});
+  std::string after_text = contents.written.empty() ? "" : joined(contents.written) + '\n';
+  return files_.emplace_back(File{std::move(contents), {}, std::move(after_text)});
 }
 
 void WayBack::keep_removed(std::string_view table, const std::string& rows, const Columns& key) {
@@ -153,6 +152,39 @@ void WayBack::keep_changed(std::string_view table, const std::vector<NewValue>& 
                       [&](auto fields, auto row) { add_changed_row(file, fields, row); });
 }
 
+// Read in the order of the other columns both times, the old rows and the new values go together:
+// rows that are alike in that order may change places.
+void WayBack::keep_changed_by(const std::function<void()>& statement, std::string_view table,
+                              const Columns& written, const std::string& rows) {
+  require_open();
+  const auto is_written = [&](const Field& field) {
+    return std::ranges::any_of(written, [&](const std::string& column) {
+      return equal_ignoring_case(column, field.name);
+    });
+  };
+  std::string order;
+  for (const Field& field :
+       app_.Con->execute("select * from " + std::string(table) + " where 1=0").fields)
+    if (!is_written(field)) order += (order.empty() ? " order by " : ",") + field.name;
+  const std::string from = " from " + locked(table) + rows + order;
+
+  File& file =
+      file_of({.table = std::string(table), .change = Change::changed, .written = written});
+  std::int64_t open_rows = 0;
+  app_.Con->read_each("select *" + from, [&](auto fields, auto row) {
+    add_row(file, fields, row);
+    ++open_rows;
+  });
+  statement();
+  app_.Con->read_each("select " + joined(written) + from, [&](auto, auto values) {
+    add_after_values(file, values);
+    --open_rows;
+  });
+  if (open_rows != 0)
+    throw std::runtime_error("The rows of " + std::string(table) +
+                             " are others than before the statement.");
+}
+
 void WayBack::add_row(File& file, std::span<const Field> fields, std::span<const Value> row) {
   if (file.contents.rows++ == 0) append_header(file.text, fields);
   append_line(file.text, row);
@@ -169,10 +201,13 @@ void WayBack::add_changed_row(File& file, std::span<const Field> fields,
   for (std::size_t i = 0; i < written.size(); ++i)
     is_changed |= !is_same(row[position_of(written[i], old_fields)], new_values[i]);
   if (!is_changed) return;
-  if (file.contents.rows == 0) file.after_text = header_of(written);
-  append_line(file.after_text, new_values);
-  if (file.after_text.size() >= piece) hand_on(file.contents.after_file, file.after_text);
   add_row(file, old_fields, row.first(old_fields.size()));
+  add_after_values(file, new_values);
+}
+
+void WayBack::add_after_values(File& file, std::span<const Value> values) {
+  append_line(file.after_text, values);
+  if (file.after_text.size() >= piece) hand_on(file.contents.after_file, file.after_text);
 }
 
 void WayBack::hand_on(const std::string& name, std::string& text) {

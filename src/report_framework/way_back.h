@@ -12,6 +12,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -44,7 +45,7 @@ class WayBack {
   /// Begins a transaction on `Con`.
   void begin();
 
-  // Each of the next three is called ahead of the statement that it stands for, within the
+  // Each of the next is called ahead of the statement that it stands for, within the
   // transaction, which holds off the tills until its end. `rows` is what follows the table's name
   // in "select * from TABLE": "where …", or nothing for the whole table. A failure throws
   // DatabaseError, or std::runtime_error where the rows cannot be kept; the action then ends there,
@@ -60,6 +61,12 @@ class WayBack {
   /// already are left out.
   void keep_changed(std::string_view table, const std::vector<NewValue>& changes,
                     const std::string& rows = {}, const Columns& key = {});
+
+  /// Runs a statement that writes `written` into `rows` with values that only it knows, and keeps
+  /// the rows: where several rows offer a value, an engine takes any. `rows` names the same rows
+  /// before and behind the statement, and has no key: all other columns find a row.
+  void keep_changed_by(const std::function<void()>& statement, std::string_view table,
+                       const Columns& written, const std::string& rows);
 
   /// Notes the rows that the next statement adds, which `select` gives with the table's column
   /// names. They are taken away again if they are still there as they were added; `key` tells a row
@@ -80,6 +87,7 @@ class WayBack {
   void require_open() const;
   File& file_of(KeptTable contents);
   void add_row(File& file, std::span<const Field> fields, std::span<const Value> row);
+  void add_after_values(File& file, std::span<const Value> values);
   void add_changed_row(File& file, std::span<const Field> fields, std::span<const Value> row);
   void hand_on(const std::string& name, std::string& text);
   void publish();

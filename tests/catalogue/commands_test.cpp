@@ -151,6 +151,11 @@ TEST_F(CatalogueTool, ImportsWhatItExported) {
   execute("delete from SalesTemp");
   EXPECT_EQ(import("salestemp", headers), "imported 150 rows into salestemp\n");
   EXPECT_EQ(exported("SalesTemp"), headers);
+
+  const std::string of_one_column = "billno\n\n7\n";
+  execute("delete from bill_no");
+  EXPECT_EQ(import("bill_no", of_one_column), "imported 2 rows into bill_no\n");
+  EXPECT_EQ(exported("bill_no"), of_one_column);
 }
 
 TEST_F(CatalogueTool, ImportTakesColumnsInAnyOrderAndCaseAndAppends) {

@@ -113,15 +113,21 @@ Json Shop::sql(const std::string& statement) {
   return printed.contains("rows") ? printed["rows"] : printed;
 }
 
-std::map<std::string, std::string> Shop::stored() {
+std::vector<std::string> Shop::stored_tables() {
   const std::string_view create = "create table ";
-  std::map<std::string, std::string> all;
+  std::vector<std::string> tables;
   std::istringstream schema(file_text(catalogue_texts() / "schema.sql"));
   for (std::string line; std::getline(schema, line);) {
-    if (!line.starts_with(create)) continue;
-    const std::string table = line.substr(create.size(), line.find(" (") - create.size());
-    all[table] = sql("select * from " + table).dump();
+    if (line.starts_with(create))
+      tables.push_back(line.substr(create.size(), line.find(" (") - create.size()));
   }
+  return tables;
+}
+
+std::map<std::string, std::string> Shop::stored() {
+  std::map<std::string, std::string> all;
+  for (const std::string& table : stored_tables())
+    all[table] = sql("select * from " + table).dump();
   return all;
 }
 

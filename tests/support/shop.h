@@ -53,7 +53,9 @@ class Shop {
   /// Runs one statement and returns its rows, as `sql` prints them.
   Json sql(const std::string& statement);
 
-  /// The rows of every table that the tills share, by the table's name.
+  /// The names of the tables that the tills share.
+  static std::vector<std::string> stored_tables();
+  /// The rows of each of them, by its name.
   std::map<std::string, std::string> stored();
 
   void add(const Bill& bill);

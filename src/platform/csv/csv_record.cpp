@@ -46,7 +46,7 @@ int CsvReader::take() {
 }
 
 bool CsvReader::read(CsvRecord& record) {
-  while (peek() == '\n' || peek() == '\r') take();
+  while (!empty_lines_count_ && (peek() == '\n' || peek() == '\r')) take();
   record.line = line_;
   record.fields.clear();
   record.problem.clear();

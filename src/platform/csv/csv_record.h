@@ -24,11 +24,14 @@ struct CsvRecord {
 };
 
 /// Reads records one after another. Lines end in LF or CRLF, a byte order mark ahead of the first
-/// is passed over, and so are empty lines. A damaged record is handed out with its problem, and
-/// reading goes on behind it.
+/// is passed over, and so are empty lines, unless they count. A damaged record is handed out with
+/// its problem, and reading goes on behind it.
 class CsvReader {
  public:
   explicit CsvReader(std::istream& input);
+
+  /// From now on an empty line is a record with one empty field, as a file of one column has them.
+  void count_empty_lines() { empty_lines_count_ = true; }
 
   /// Reads the next record. False at the end of the input.
   bool read(CsvRecord& record);
@@ -42,6 +45,7 @@ class CsvReader {
 
   std::streambuf& input_;
   int line_ = 1;
+  bool empty_lines_count_ = false;
 };
 
 /// Appends `text` to `out` as one field, quoted where its characters or its emptiness need it.

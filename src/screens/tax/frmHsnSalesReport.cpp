@@ -53,13 +53,17 @@ std::string frmHsnSalesReport::update_sql() {
 
 void frmHsnSalesReport::update() {
   if (!ask("DO YOU WANT TO UPDATE HSN IN The SALES BILL- (OK To Update, Cancel To Exit) ")) return;
+  const std::string of_items =
+      "where iCode in (select iCode from Items group by iCode having count(*)";
   WayBack way_back(app(), name());
   way_back.begin();
   way_back.keep_changed(
       "Sales",
       {{"iHSNcode", "(select max(Items.iHSNcode) from Items where Items.iCode=Sales.iCode)"}},
-      "where iCode in (select iCode from Items)");
-  app().Con->execute(update_sql());
+      of_items + "=1)");
+  // Of several items with one code a line gets the HSN code of any.
+  way_back.keep_changed_by([&] { app().Con->execute(update_sql()); }, "Sales", {"iHSNcode"},
+                           of_items + ">1)");
   way_back.commit();
   tell("Records In Sales HSN Code Updated", Icon::information);
 }

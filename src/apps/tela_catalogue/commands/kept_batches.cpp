@@ -6,15 +6,9 @@
 
 #include "platform/csv/csv_value.h"
 #include "platform/text/ascii.h"
-#include "platform/text/strings.h"
 
 namespace tela {
 namespace {
-
-Value without_trailing_blanks(const Value& value) {
-  const auto* text = std::get_if<std::string>(&value);
-  return text == nullptr ? value : Value(std::string(tela::without_trailing_blanks(*text)));
-}
 
 /// Collects the groups of a batch.
 class Groups {
@@ -42,16 +36,13 @@ class Groups {
     return true;
   }
 
-  /// The columns that no statement wrote, as one text; texts that the catalogue takes for equal are
-  /// the same here.
+  /// The columns that no statement wrote, as one text.
   std::string rest_of(const std::vector<Value>& row) const {
     std::string rest;
     for (std::size_t i = 0; i < row.size(); ++i) {
-      if (std::ranges::find(written_, i) == written_.end())
-        append_csv_value(rest, without_trailing_blanks(row[i]));
+      if (std::ranges::find(written_, i) == written_.end()) append_csv_value(rest, row[i]);
       rest += ',';
     }
-    std::ranges::transform(rest, rest.begin(), to_lower);
     return rest;
   }
 

@@ -15,6 +15,7 @@ TableFile::TableFile(const std::filesystem::path& file, std::string_view table,
   if (!reader_.read(record_)) throw std::runtime_error(file.string() + " has no header line");
   if (!record_.problem.empty()) throw std::runtime_error(line_text() + record_.problem);
   for (const CsvField& field : record_.fields) add_column(field.text, table, columns);
+  if (names_.size() == 1) reader_.count_empty_lines();
 }
 
 bool TableFile::read(std::vector<Value>& row, std::string& problems) {

@@ -45,10 +45,9 @@ TableRestore::TableRestore(Connection& catalogue, std::filesystem::path part, Ke
   }
 }
 
-std::string TableRestore::row_condition(const KeptGroup& group) const {
+std::string TableRestore::row_condition(const std::vector<Value>& row) const {
   std::string condition;
-  for (std::size_t i = 0; i < columns_.size(); ++i)
-    add_condition(condition, columns_[i], group.row[i]);
+  for (std::size_t i = 0; i < columns_.size(); ++i) add_condition(condition, columns_[i], row[i]);
   return condition;
 }
 
@@ -75,7 +74,7 @@ std::int64_t TableRestore::count(const std::string& condition) const {
 bool TableRestore::is_as_before(const KeptGroup& group) const {
   switch (kept_.change) {
     case Change::removed:
-      return count(row_condition(group)) >= group.count;
+      return count(row_condition(group.row)) >= group.count;
     case Change::added:
       return count(key_condition(group.row)) == 0;
     case Change::changed:
@@ -87,9 +86,9 @@ bool TableRestore::is_as_before(const KeptGroup& group) const {
 bool TableRestore::is_as_left(const KeptGroup& group) const {
   switch (kept_.change) {
     case Change::removed:
-      return count(row_condition(group)) == 0;
+      return count(row_condition(group.row)) == 0;
     case Change::added:
-      return count(row_condition(group)) >= group.count;
+      return count(row_condition(group.row)) >= group.count;
     case Change::changed:
       break;
   }
@@ -161,28 +160,31 @@ void TableRestore::require_free(const std::set<std::string>& keys) const {
 }
 
 void TableRestore::take_away(const KeptGroup& group) const {
-  const std::string condition = row_condition(group);
+  const std::string condition = row_condition(group.row);
   const std::int64_t there = count(condition);
   if (there < group.count) refuse(condition);
-  catalogue_.execute("delete from " + kept_.table + " where " + condition);
-  insert_copies(group.row, there - group.count);
+  if (there == group.count)
+    catalogue_.execute("delete from " + kept_.table + " where " + condition);
+  else
+    replace_some(condition, group, group.row, false);
 }
 
 void TableRestore::set_back(const KeptGroup& group) const {
   if (group.before == group.after) return;  // what was written twice ended where it began
-  const std::string condition = changed_condition(group, group.after);
-  const std::int64_t there = count(condition);
-  const bool is_exact = there == group.count;
-  // Alike in all columns, any of them will do; alike in their key, they are not the same rows.
-  if (there < group.count || (!is_exact && !kept_.key.empty())) refuse(condition);
-  if (is_exact) {
+  const std::vector<Value> left = as_left(group);
+  std::string condition = changed_condition(group, group.after);
+  std::int64_t there = count(condition);
+  if (there > group.count && !kept_.key.empty()) {
+    // The key is that of several rows, as of two items with one code: the whole row tells them.
+    condition = row_condition(left);
+    there = count(condition);
+  }
+  if (there < group.count) refuse(condition);
+  if (there == group.count)
     catalogue_.execute("update " + kept_.table + " set " + assignments(group) + " where " +
                        condition);
-    return;
-  }
-  catalogue_.execute("delete from " + kept_.table + " where " + condition);
-  insert_copies(group.row, group.count);
-  insert_copies(as_left(group), there - group.count);
+  else
+    replace_some(condition, group, left, true);
 }
 
 std::string TableRestore::assignments(const KeptGroup& group) const {
@@ -205,9 +207,26 @@ std::vector<Value> TableRestore::as_left(const KeptGroup& group) const {
   return row;
 }
 
-void TableRestore::insert_copies(const std::vector<Value>& row, std::int64_t copies) const {
+// Rows alike to the catalogue may still be spelled otherwise, and keep their spelling.
+void TableRestore::replace_some(const std::string& condition, const KeptGroup& group,
+                                const std::vector<Value>& left, bool by_old_row) const {
+  std::string columns;
+  for (const std::string& column : columns_) columns += (columns.empty() ? "" : ",") + column;
+  auto rows =
+      catalogue_.execute("select " + columns + " from " + kept_.table + " where " + condition).rows;
+  std::ranges::stable_partition(rows, [&](const auto& row) { return row == left; });
+  const auto replaced = std::span(rows).first(static_cast<std::size_t>(group.count));
+  for (std::vector<Value>& row : replaced) row = group.row;
+  catalogue_.execute("delete from " + kept_.table + " where " + condition);
+  insert_rows(std::span(rows).subspan(by_old_row ? 0 : replaced.size()));
+}
+
+void TableRestore::insert_rows(std::span<const std::vector<Value>> rows) const {
   InsertText insert(kept_.table, columns_);
-  for (std::int64_t i = 0; i < copies; ++i) insert.add(row);
+  for (const std::vector<Value>& row : rows) {
+    insert.add(row);
+    if (insert.full()) catalogue_.execute(insert.take());
+  }
   if (!insert.empty()) catalogue_.execute(insert.take());
 }
 

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -36,7 +37,7 @@ class TableRestore {
  private:
   KeptBatches batches() const { return {part_, kept_, fields_}; }
 
-  std::string row_condition(const KeptGroup& group) const;
+  std::string row_condition(const std::vector<Value>& row) const;
   std::string key_condition(const std::vector<Value>& row) const;
   std::string changed_condition(const KeptGroup& group, const std::vector<Value>& written) const;
   std::int64_t count(const std::string& condition) const;
@@ -50,7 +51,11 @@ class TableRestore {
   void set_back(const KeptGroup& group) const;
   std::string assignments(const KeptGroup& group) const;
   std::vector<Value> as_left(const KeptGroup& group) const;
-  void insert_copies(const std::vector<Value>& row, std::int64_t copies) const;
+  /// Takes away as many of the rows that meet the condition as the group has, those first that
+  /// read as they were left; the old row takes their place, or none.
+  void replace_some(const std::string& condition, const KeptGroup& group,
+                    const std::vector<Value>& left, bool by_old_row) const;
+  void insert_rows(std::span<const std::vector<Value>> rows) const;
   [[noreturn]] void refuse(const std::string& condition) const;
 
   Connection& catalogue_;
