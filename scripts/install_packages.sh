@@ -25,7 +25,8 @@ fi
 packages="$packages libreoffice-dev libreoffice-dev-common"
 
 if [ "${1:-}" = --lint ]; then
-  packages="$packages clang libclang-rt-dev clang-format clang-tidy"
+  packages="$packages clang libclang-rt-dev clang-format clang-tidy
+    dpkg-dev lintian appstream desktop-file-utils"
 fi
 
 missing=""

@@ -271,12 +271,33 @@ TEST_F(CatalogueTool, CheckFindsADamagedFile) {
   EXPECT_EQ(run("check"), 1) << said_by_program();
 }
 
+TEST_F(CatalogueTool, ABackupHoldsWhatIsCommittedAndNeverReplacesAFile) {
+  create();
+  execute("insert into Items(iName) values('before')");
+  EmbeddedCatalogue till(catalogue_);
+  till.connection().begin_trans();
+  till.connection().execute("insert into Items(iName) values('not yet')");
+  const fs::path copy = folder_ / "copy.db";
+  const std::string command = "backup '" + copy.string() + "'";
+  EXPECT_EQ(run(command), 0) << said_by_program();
+  till.connection().commit_trans();
+  EXPECT_EQ(run(command), 1);
+  EXPECT_THAT(said_by_program(), HasSubstr("is there already"));
+  EmbeddedCatalogue backup(copy);
+  EXPECT_EQ(backup.integrity_check(), std::vector<std::string>());
+  const auto rows = backup.connection().execute("select iName from Items").rows;
+  ASSERT_EQ(rows.size(), 1u);
+  EXPECT_EQ(std::get<std::string>(rows[0][0]), "before");
+  EXPECT_EQ(run("backup '" + (folder_ / "no" / "copy.db").string() + "'"), 1);
+}
+
 TEST_F(CatalogueTool, TheProgramTellsSuccessFailureAndMisuseApart) {
   EXPECT_EQ(run("check"), 1) << "there is no catalogue yet";
   EXPECT_THAT(said_by_program(), HasSubstr("TelaData.db"));
   EXPECT_EQ(run("demo --days 2 --bills-per-day 5 --items 10 --seed 3 --to 05/01/2024"), 0)
       << said_by_program();
   EXPECT_EQ(run("create"), 1);
+  EXPECT_EQ(run("--help >/dev/null"), 0);
   EXPECT_EQ(run("export Sales '" + (folder_ / "no" / "such" / "folder.csv").string() + "'"), 1);
   EXPECT_EQ(run("export Sales /dev/full"), 1) << "a full disk";
   EXPECT_THAT(said_by_program(), HasSubstr("/dev/full cannot be written"));
@@ -288,7 +309,8 @@ TEST_F(CatalogueTool, TheProgramTellsSuccessFailureAndMisuseApart) {
                                  "demo --days 3.5",
                                  "demo --colour red",
                                  "demo --to 31/02/2024",
-                                 "import Sales"};
+                                 "import Sales",
+                                 "backup"};
   for (const char* misuse : misuses) {
     EXPECT_EQ(run(misuse), 2) << misuse;
     EXPECT_THAT(said_by_program(), HasSubstr("usage: tela_catalogue")) << misuse;

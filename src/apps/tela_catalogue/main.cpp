@@ -58,6 +58,9 @@ bool run(const tela::CatalogueArguments& arguments, tela::Messages& messages) {
       return true;
     case CatalogueCommand::check:
       return tela::check_catalogue(catalogue, messages);
+    case CatalogueCommand::backup:
+      tela::back_up_catalogue(catalogue, arguments.file, messages);
+      return true;
     case CatalogueCommand::list_kept:
       tela::list_kept(paths.way_back(), std::cout);
       return true;
@@ -72,6 +75,9 @@ bool run(const tela::CatalogueArguments& arguments, tela::Messages& messages) {
       return true;
     case CatalogueCommand::workbooks:
       tela::make_workbooks(paths, "soffice", messages);
+      return true;
+    case CatalogueCommand::help:
+      std::cout << tela::usage_text();
       return true;
   }
   return false;

@@ -20,9 +20,22 @@ namespace {
 
 constexpr const char* kUsage = "usage: tela_console [--root DIR] [--sheets DIR] [FILE]\n";
 
+constexpr const char* kHelp = R"(
+Runs the commands of FILE, or of the standard input, one a line, and prints what happens, one JSON
+object a line. docs/console.md describes the commands.
+
+  --root DIR     the folder that stands for the shop's machine; else $TELA_ROOT, else
+                 $XDG_DATA_HOME/tela or ~/.local/share/tela
+  --sheets DIR   write spreadsheet exports as CSV files into DIR, without LibreOffice
+  --help         print this
+
+Exit code: 0 if every command ran, 1 if one did not, 2 for a command line that is not understood.
+)";
+
 enum ExitCode { all_ran = 0, a_command_failed = 1, bad_usage = 2 };
 
 struct Options {
+  bool help = false;
   std::optional<std::string> root;
   std::optional<std::string> sheets;  // where spreadsheet exports go instead of the office program
   std::optional<std::string> script;
@@ -31,7 +44,9 @@ struct Options {
 std::optional<Options> read_options(const std::vector<std::string>& arguments) {
   Options options;
   for (std::size_t i = 0; i < arguments.size(); ++i) {
-    if (arguments[i] == "--root" && i + 1 < arguments.size())
+    if (arguments[i] == "--help")
+      options.help = true;
+    else if (arguments[i] == "--root" && i + 1 < arguments.size())
       options.root = arguments[++i];
     else if (arguments[i] == "--sheets" && i + 1 < arguments.size())
       options.sheets = arguments[++i];
@@ -77,6 +92,10 @@ int main(int argc, char** argv) {
   if (!options) {
     std::cerr << kUsage;
     return bad_usage;
+  }
+  if (options->help) {
+    std::cout << kUsage << kHelp;
+    return all_ran;
   }
   try {
     return run(*options);

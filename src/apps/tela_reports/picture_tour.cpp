@@ -148,7 +148,7 @@ void PictureTour::every_screen() {
       if (screen.form().has(view)) screen.press(view);
     auto& window = part<QMdiSubWindow>(frame, screen.name().c_str());
     window.findChild<ScreenView*>()->mirror();
-    save_picture(window, folder_, "screens/" + QString::fromStdString(screen.name()));
+    save_picture(window, folder_, "screens/" + QString::fromStdString(screen.name()), Colours::few);
     app_.windows.close(app_, screen.name());
     app_.windows.destroy_closed();
   }

@@ -22,10 +22,13 @@ void fill_in(QLineEdit& box, const QString& text) {
   press_enter(box);
 }
 
-void save_picture(QWidget& window, const QDir& folder, const QString& name) {
+void save_picture(QWidget& window, const QDir& folder, const QString& name, Colours colours) {
   for (int i = 0; i < 5; ++i) QApplication::processEvents();
+  QImage picture = window.grab().toImage();
+  if (colours == Colours::few)
+    picture.convertTo(QImage::Format_Indexed8, Qt::ThresholdDither | Qt::AvoidDither);
   const QString file = folder.filePath(name + ".png");
-  if (!window.grab().save(file)) throw std::runtime_error("cannot write " + file.toStdString());
+  if (!picture.save(file)) throw std::runtime_error("cannot write " + file.toStdString());
 }
 
 QDate last_day(const AppState& app) {

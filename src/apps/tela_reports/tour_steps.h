@@ -23,9 +23,14 @@ Widget& part(const QObject& window, const char* name) {
 void press_enter(QWidget& field);
 void fill_in(QLineEdit& box, const QString& text);
 
+/// How many colours a picture keeps: a window of lists and boxes is as good with few, in a third of
+/// the room.
+enum class Colours { all, few };
+
 /// Lets what is on its way to the window arrive, and saves its picture as `name`.png. Throws
 /// std::runtime_error if it cannot be written.
-void save_picture(QWidget& window, const QDir& folder, const QString& name);
+void save_picture(QWidget& window, const QDir& folder, const QString& name,
+                  Colours colours = Colours::all);
 
 /// The last day on which there are bills; today if there are none.
 QDate last_day(const AppState& app);

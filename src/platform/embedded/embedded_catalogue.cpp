@@ -12,6 +12,7 @@
 namespace tela {
 
 namespace fs = std::filesystem;
+using embedded::Database;
 using embedded::Statement;
 using tsql::quoted_name;
 using Kind = DatabaseError::Kind;
@@ -164,6 +165,22 @@ void EmbeddedCatalogue::start_filling() {
 
 void EmbeddedCatalogue::finish_filling() {
   session_->database().run("PRAGMA synchronous=FULL; PRAGMA journal_mode=WAL");
+}
+
+void EmbeddedCatalogue::back_up(const std::filesystem::path& file) const {
+  struct Finish {
+    void operator()(sqlite3_backup* backup) const { sqlite3_backup_finish(backup); }
+  };
+  const embedded::UnfinishedCatalogue copy(file);
+  {
+    const Database to(copy.path(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    const std::unique_ptr<sqlite3_backup, Finish> backup(
+        sqlite3_backup_init(to.handle(), "main", session_->database().handle(), "main"));
+    // All pages in one step, so that they are those of one moment.
+    const int code = backup ? sqlite3_backup_step(backup.get(), -1) : sqlite3_errcode(to.handle());
+    if (code != SQLITE_DONE) throw embedded::sqlite_error(to.handle(), code);
+  }
+  copy.publish();
 }
 
 void create_embedded_catalogue(const fs::path& file, std::span<const std::string_view> scripts,

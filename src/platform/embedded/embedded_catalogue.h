@@ -76,6 +76,11 @@ class EmbeddedCatalogue {
   /// What the engine finds wrong with the file; empty if it is sound. Reads the whole file.
   std::vector<std::string> integrity_check() const;
 
+  /// Writes the catalogue as it stands at one moment into a new file. Others may go on meanwhile:
+  /// what they commit later is not in it. `file` appears once it is whole and on the disk; one that
+  /// is there already is left as it is.
+  void back_up(const std::filesystem::path& file) const;
+
  private:
   friend void create_embedded_catalogue(const std::filesystem::path& file,
                                         std::span<const std::string_view> scripts,

@@ -16,7 +16,9 @@ constexpr CommandName commands[] = {
     {"import", CatalogueCommand::import_rows}, {"export", CatalogueCommand::export_rows},
     {"check", CatalogueCommand::check},        {"script", CatalogueCommand::script},
     {"copy", CatalogueCommand::copy},          {"workbooks", CatalogueCommand::workbooks},
-    {"kept", CatalogueCommand::list_kept},     {"restore", CatalogueCommand::restore}};
+    {"kept", CatalogueCommand::list_kept},     {"restore", CatalogueCommand::restore},
+    {"backup", CatalogueCommand::backup},      {"help", CatalogueCommand::help},
+    {"--help", CatalogueCommand::help}};
 
 // The words of a command line that are still to be read.
 class Words {
@@ -102,6 +104,7 @@ CatalogueArguments parse_arguments(std::span<const std::string_view> given, Date
     arguments.table = words.take("the table");
     arguments.file = words.take("the file");
   }
+  if (arguments.command == CatalogueCommand::backup) arguments.file = words.take("the file");
   if (arguments.command == CatalogueCommand::restore)
     arguments.kept = words.take("the name of the kept rows");
   if (!words.empty()) throw UsageError("'" + std::string(words.peek()) + "' is not expected here");
@@ -121,12 +124,14 @@ std::string_view usage_text() {
   import TABLE FILE.csv    add the rows of a file to a table
   export TABLE FILE.csv    write the rows of a table to a file
   check                    look for damage, and for what looks wrong in the data
+  backup FILE.db           write a copy of the catalogue as it stands; the shop may stay open
   kept                     list the rows that actions removed or rewrote
   restore NAME             bring back what one of these actions removed or rewrote
   script                   write the T-SQL that makes an empty catalogue on a server
   copy                     copy the catalogue to the server that TelaData.odbc beside it names
   workbooks                make the empty workbooks that the Excel buttons add sheets to, by
                            LibreOffice; those that are there stay as they are
+  help                     print this
 
 The catalogue is TelaData.db in DIR, else in $TELA_ROOT, else in $XDG_DATA_HOME/tela or
 ~/.local/share/tela.

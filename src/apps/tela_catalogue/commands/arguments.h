@@ -27,7 +27,9 @@ enum class CatalogueCommand {
   copy,
   workbooks,
   list_kept,
-  restore
+  restore,
+  backup,
+  help
 };
 
 struct CatalogueArguments {
@@ -35,7 +37,7 @@ struct CatalogueArguments {
   CatalogueCommand command = CatalogueCommand::check;
   demo::DemoOptions demo;      ///< of demo
   std::string table;           ///< of import and export
-  std::filesystem::path file;  ///< of import and export
+  std::filesystem::path file;  ///< of import, export and backup
   std::string kept;            ///< of restore: the name of a folder of kept rows
 };
 

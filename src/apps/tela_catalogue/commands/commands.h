@@ -28,6 +28,11 @@ void import_table(const std::filesystem::path& catalogue, std::string_view table
 void export_table(const std::filesystem::path& catalogue, std::string_view table,
                   const std::filesystem::path& file, Messages& messages);
 
+/// Writes a copy of the catalogue as it stands at one moment, while others go on writing. The file
+/// stands under its name only when it is whole; one that is there already is refused.
+void back_up_catalogue(const std::filesystem::path& catalogue, const std::filesystem::path& file,
+                       Messages& messages);
+
 /// Looks through the whole catalogue. False if it is damaged: the file itself, or tables, columns
 /// and start-up rows that are missing. What only looks wrong in the data is told and no damage.
 bool check_catalogue(const std::filesystem::path& catalogue, Messages& messages);
