@@ -4,7 +4,7 @@
 #include <fstream>
 
 #include "embedded/shop.h"
-#include "embedded/watched_disk.h"
+#include "support/watched_disk.h"
 
 namespace tela::testing {
 namespace {
@@ -49,9 +49,12 @@ TEST(MakingACatalogueTest, ADiskThatIsFullAtAnyWriteLeavesAWholeFileOrNone) {
   for (bool was_full = true; was_full; ++writes) {
     std::string failure;
     {
-      const WatchedDisk disk(writes);
+      int left = writes;
+      const WatchedDisk disk([&](const DiskCall& call) {
+        return call.kind == DiskCall::Kind::write && --left < 0 ? SQLITE_FULL : SQLITE_OK;
+      });
       failure = failure_of_making(file);
-      was_full = disk.was_full();
+      was_full = left < 0;
     }
     if (was_full) {
       EXPECT_THAT(failure, HasSubstr("The disk that holds the catalogue is full"));

@@ -202,6 +202,27 @@ TEST(OptimumStockStatements, RunInFourTransactionsAndAlone) {
           "iCode not in (Select iCode from OptimumStock)"));
 }
 
+// A till gets its bill through between any two of them, and ahead of each
+// transaction.
+TEST(OptimumStockStatements, LetATillThroughBetweenThem) {
+  SoldShop shop;
+  shop.run(kView);
+  const auto till = shop.platform().make_connection();
+  till->open("Initial Catalog=TelaData");
+  till->set_command_timeout(std::chrono::seconds(1));
+  BreakingConnection& connection = BreakingConnection::around(shop.state());
+  int bills = 0;
+  connection.watch([&] {
+    if (connection.in_transaction()) return;
+    till->begin_trans();
+    till->execute("insert into SalesTemp (BillNo) values (" + std::to_string(100 + bills++) + ")");
+    till->commit_trans();
+  });
+  EXPECT_THAT(shop.run("press cmdUpdate"), ElementsAre(HasSubstr("Records Updated")));
+  EXPECT_GE(bills, 10) << "five quantities, four transactions, and the read between them";
+  EXPECT_EQ(shop.sql("select count(*) from SalesTemp where BillNo>=100")[0][0], bills);
+}
+
 TEST(OptimumStockStatements, ReadWordForWord) {
   const std::string head =
       "Select S.icode,S.iname,S.mrp,sum(S.qty),I.supplier,round(sum(S.qty) * 12.5/100,0) from "

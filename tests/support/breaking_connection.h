@@ -1,6 +1,7 @@
 // A connection that breaks at a chosen call: as a lost server does, or a program that is killed.
 #pragma once
 
+#include <functional>
 #include <limits>
 #include <memory>
 #include <string>
@@ -31,6 +32,8 @@ class BreakingConnection : public Connection {
   void allow(int calls) { left_ = calls; }
   /// Every statement that holds this text fails.
   void refuse(std::string text) { refused_ = std::move(text); }
+  /// Is told of each call ahead of it, from now on.
+  void watch(std::function<void()> ahead_of_call) { watch_ = std::move(ahead_of_call); }
   /// The statements that went through since the last call.
   std::vector<std::string> take_statements() { return std::exchange(statements_, {}); }
 
@@ -64,6 +67,7 @@ class BreakingConnection : public Connection {
   void count(std::string_view call) {
     if (left_ == 0 || (!refused_.empty() && call.find(refused_) != call.npos))
       throw DatabaseError(DatabaseError::Kind::connection, "the connection is lost");
+    if (watch_) watch_();
     --left_;
     statements_.emplace_back(call);
   }
@@ -71,6 +75,7 @@ class BreakingConnection : public Connection {
   std::unique_ptr<Connection> inner_;
   int left_ = kUnlimited;
   std::string refused_;
+  std::function<void()> watch_;
   std::vector<std::string> statements_;
 };
 

@@ -70,9 +70,19 @@ void create_catalogue(const Paths& paths) {
 }
 
 Shop::Shop()
-    : paths_(folder_.path()),
+    : folder_(std::in_place),
+      paths_(folder_->path()),
       display_([this](const Json& event) { printed_.push_back(event.dump()); }) {
   create_catalogue(paths_);
+  open();
+}
+
+Shop::Shop(const std::filesystem::path& root)
+    : paths_(root), display_([this](const Json& event) { printed_.push_back(event.dump()); }) {
+  open();
+}
+
+void Shop::open() {
   platform_.make_connection = make_catalogue_factory(paths_);
   platform_.today = [] {
     return Date{std::chrono::year(2024), std::chrono::month(1), std::chrono::day(5)};
@@ -87,7 +97,7 @@ Shop::Shop()
   platform_.open_port = [this](std::string_view name) {
     return std::make_unique<MemoryPort>(printed_bytes_[std::string(name)]);
   };
-  platform_.sheets = tell_sheets(make_csv_sheets(paths_, folder_ / "sheets"), display_);
+  platform_.sheets = tell_sheets(make_csv_sheets(paths_, paths_.root() / "sheets"), display_);
   platform_.keep_rows = [this](std::string_view screen) {
     return keep_in_folder(paths_.way_back(), screen);
   };
@@ -138,7 +148,7 @@ void Shop::add_workbook(const std::string& name) {
 }
 
 std::string Shop::sheet(const std::string& workbook, int n) const {
-  const auto file = folder_ / "sheets" / (workbook + "-" + std::to_string(n) + ".csv");
+  const auto file = paths_.root() / "sheets" / (workbook + "-" + std::to_string(n) + ".csv");
   return std::filesystem::exists(file) ? file_text(file) : "";
 }
 

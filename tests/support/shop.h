@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -44,7 +45,10 @@ struct Bill {
 
 class Shop {
  public:
+  /// In a folder of its own.
   Shop();
+  /// On a platform root whose catalogue stands, and stays.
+  explicit Shop(const std::filesystem::path& root);
 
   /// Runs a script and returns what it printed, one JSON object a line.
   std::vector<std::string> run(const std::string& script);
@@ -75,7 +79,9 @@ class Shop {
   std::string sheet(const std::string& workbook, int n = 1) const;
 
  private:
-  TemporaryFolder folder_;
+  void open();
+
+  std::optional<TemporaryFolder> folder_;
   Paths paths_;
   Platform platform_;
   std::vector<std::string> printed_;

@@ -250,6 +250,27 @@ TEST_P(EachAction, IsUndoneRowForRowAndOnceOnly) {
 INSTANTIATE_TEST_SUITE_P(TheWayBack, EachAction, ::testing::ValuesIn(actions),
                          [](const auto& action) { return action.param.screen; });
 
+// The quantities are written one by one, and an update that is killed has written some.
+TEST(PartlyWritten, IsUndoneWhereItIsWritten) {
+  Shop shop;
+  for (int code = 1; code <= 120; ++code) {
+    const std::string number = std::to_string(code);
+    shop.sql("insert into OptimumStock values (" + number + ",'Rice',5)");
+    shop.sql("insert into Sales (BillDate,iCode,iName,Qty) values ('2024-01-05'," + number +
+             ",'Rice',10)");
+  }
+  const auto before = shop.stored();
+  shop.run("open frmOptimumStock\npick Combo1 ALL SUPPLIER\npress cmdView\npress cmdUpdate");
+  EXPECT_EQ(changed_tables(before, shop.stored()), std::vector<std::string>{"OptimumStock"});
+  shop.sql("update OptimumStock set OpStock=5 where iCode<>99");
+  std::ostringstream said;
+  Messages messages(said, false);
+  restore_kept(*shop.state().Con, shop.paths().way_back(),
+               fs::directory_iterator(shop.paths().way_back())->path().filename().string(),
+               messages);
+  EXPECT_THAT(changed_tables(before, shop.stored()), IsEmpty()) << said.str();
+}
+
 /// What others write behind an action, so that it cannot be undone, and what the tool names.
 struct Since {
   int action;

@@ -95,17 +95,28 @@ bool TableRestore::is_as_left(const KeptGroup& group) const {
   return count(changed_condition(group, group.after)) >= group.count;
 }
 
+// Rows of a key may be written one by one behind the transaction that kept them, and an action that
+// was broken off has then written some of them.
+bool TableRestore::may_be_parted() const {
+  return kept_.change == Change::changed && !kept_.key.empty();
+}
+
 Standing TableRestore::standing() const {
   KeptBatches rows = batches();
-  std::vector<KeptGroup> groups;
-  rows.next(groups);
-  groups.resize(std::min(groups.size(), sample));
-  const auto all = [&](bool (TableRestore::*is_it)(const KeptGroup&) const) {
-    return std::ranges::all_of(groups,
-                               [&](const KeptGroup& group) { return (this->*is_it)(group); });
-  };
-  if (all(&TableRestore::is_as_before)) return Standing::as_before;
-  return all(&TableRestore::is_as_left) ? Standing::as_left : Standing::rewritten;
+  bool all_before = true;
+  bool all_left = true;
+  for (std::vector<KeptGroup> groups; rows.next(groups) && (all_before || all_left);) {
+    if (!may_be_parted()) groups.resize(std::min(groups.size(), sample));
+    for (const KeptGroup& group : groups) {
+      const bool is_before = is_as_before(group);
+      const bool is_left = is_as_left(group) || (may_be_parted() && is_before);
+      all_before = all_before && is_before;
+      all_left = all_left && is_left;
+    }
+    if (!may_be_parted()) break;
+  }
+  if (all_before) return Standing::as_before;
+  return all_left ? Standing::as_left : Standing::rewritten;
 }
 
 void TableRestore::run(Messages& messages) const {
@@ -179,6 +190,7 @@ void TableRestore::set_back(const KeptGroup& group) const {
     condition = row_condition(left);
     there = count(condition);
   }
+  if (there < group.count && may_be_parted() && is_as_before(group)) return;
   if (there < group.count) refuse(condition);
   if (there == group.count)
     catalogue_.execute("update " + kept_.table + " set " + assignments(group) + " where " +

@@ -17,8 +17,10 @@ namespace tela {
 /// How a table stands to the rows that were kept of it.
 enum class Standing {
   as_before,  ///< the rows are as they were: the action was undone, or they are back already
-  as_left,    ///< the rows are as the action left them, and can come back
-  rewritten   ///< neither
+  /// The rows are as the action left them, or in part still as before where it wrote them one by
+  /// one, and can come back.
+  as_left,
+  rewritten  ///< neither
 };
 
 /// Works within the open transaction of a connection. Memory does not grow with the rows. Failures
@@ -29,6 +31,7 @@ class TableRestore {
   TableRestore(Connection& catalogue, std::filesystem::path part, KeptTable kept);
 
   /// Asked of a hundred rows: an action's transaction is whole or undone, so they speak for all.
+  /// Rows that may be written in part are all asked.
   Standing standing() const;
 
   /// Brings them back. Throws std::runtime_error that names it at the first row in the way.
@@ -43,6 +46,7 @@ class TableRestore {
   std::int64_t count(const std::string& condition) const;
   bool is_as_before(const KeptGroup& group) const;
   bool is_as_left(const KeptGroup& group) const;
+  bool may_be_parted() const;
 
   void insert_all(Messages& messages) const;
   void require_free_keys() const;
