@@ -132,6 +132,10 @@ void Screen::key(std::string_view control, Key key) {
   run([&] { raise(target, key == Key::enter ? Event::enter : Event::up); });
 }
 
+bool Screen::acts_on(std::string_view control, Key key) const {
+  return handlers_.contains({std::string(control), key == Key::enter ? Event::enter : Event::up});
+}
+
 void Screen::leave(std::string_view control) {
   Control& target = usable(control);
   run([&] { raise(target, Event::leave); });

@@ -46,6 +46,9 @@ class Screen {
   /// `fill_lists`. A failure in it closes the screen.
   virtual void load();
 
+  /// The present day, as the program takes it.
+  Date today() const;
+
   // What the user does. Each runs one event to its end; a failure inside the event is told to the
   // user and goes no further. All throw UserActionError for what cannot be done.
 
@@ -57,6 +60,8 @@ class Screen {
   void pick(std::string_view control, std::string_view entry);
   void press(std::string_view control);
   void key(std::string_view control, Key key);
+  /// Whether the key means something to the screen in that control.
+  bool acts_on(std::string_view control, Key key) const;
   void leave(std::string_view control);
   /// Selects a row of a grid and double-clicks it.
   void double_click(std::string_view control, int row);

@@ -13,9 +13,13 @@
 
 namespace tela {
 
+Date Screen::today() const {
+  return app_.platform.today();
+}
+
 void Screen::load() {
   for (const Control& control : form_.controls())
-    if (control.kind == ControlKind::date) form_.set_date(control.name, app_.platform.today());
+    if (control.kind == ControlKind::date) form_.set_date(control.name, today());
   fill_lists();
 }
 

@@ -1,12 +1,12 @@
 // A screen of every kind of control, and how its window mirrors and works them.
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 
+#include "display/qt/date_field.h"
 #include "display/qt/grid_pane.h"
 #include "display_qt/desktop_fixture.h"
 
@@ -88,9 +88,8 @@ TEST_F(GenericScreen, PicksTypesAndEntersInAComboOnceEach) {
 }
 
 TEST_F(GenericScreen, TakesADateTypedDayFirst) {
-  auto& date = get<QDateEdit>("DTP1");
+  auto& date = get<DateField>("DTP1");
   date.setFocus();
-  date.setSelectedSection(QDateTimeEdit::DaySection);
   QTest::keyClicks(&date, "29022024");
   QTest::keyClick(&date, Qt::Key_Return);
   EXPECT_EQ(desktop.windows().current()->form().date("DTP1"),

@@ -2,7 +2,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QElapsedTimer>
 #include <QHeaderView>
 #include <QLabel>
@@ -10,6 +9,7 @@
 #include <QMdiSubWindow>
 #include <QPushButton>
 
+#include "display/qt/date_field.h"
 #include "display/qt/grid_pane.h"
 #include "display/qt/preview_window.h"
 #include "display_qt/desktop_fixture.h"
@@ -44,7 +44,7 @@ ScreenView& list_bills(Desktop& desktop) {
 TEST(ReportScreen, IsWalkedWithEnterAndListsByEnterInTheCounter) {
   Desktop desktop;
   ScreenView& view = desktop.open("frmDailyS_R");
-  auto& day = child<QDateEdit>(view, "DTPicker1");
+  auto& day = child<DateField>(view, "DTPicker1");
   EXPECT_EQ(day.text(), "05/01/2024");
   EXPECT_TRUE(day.hasFocus());
   EXPECT_EQ(grid(view).model()->headerData(3, Qt::Horizontal).toString(), "AMOUNT");

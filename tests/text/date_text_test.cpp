@@ -72,6 +72,18 @@ TEST(ReadDayFirst, TakesTheDayFirstAndChecksTheCalendar) {
        {{}, {"05//01/2024", "/05/01/2024", "2024-01-05"}}});
 }
 
+TEST(ReadTypedDate, TakesWhatPeopleTypeAndNoOtherDay) {
+  const auto read = [](std::string_view text) { return read_typed_date(text, kFifthOfJanuary); };
+  expect_readings<Date>(
+      read, {{2026y / 9 / 1, {"1/9/2026", "1/9/26", "01.09.2026", "1-9-26", " 1 9 26 "}},
+             {2026y / 9 / 1, {"010926", "01092026", "1 Sep 26", "1/september/2026"}},
+             {2024y / 9 / 1, {"1-9", "1/9/", "0109", "1 Sep"}},
+             {2099y / 12 / 31, {"31.12.99", "311299", "31122099"}},
+             {kFifthOfJanuary, {"t", "T", " T "}},
+             {{}, {"", "5", "45132026", "31/02/2026", "29/2/2025", "1/13/26", "1/9/226"}},
+             {{}, {"1//9", "1/9/2026x", "x", "tt", "T1", "010920260", "1/9/1899", "00/01/26"}}});
+}
+
 TEST(ReadSqlDate, TakesWhatHasOneReading) {
   expect_readings<Date>(
       read_sql_date,

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -13,6 +12,7 @@
 #include <stdexcept>
 
 #include "apps/tela_reports/tour_steps.h"
+#include "display/qt/date_field.h"
 #include "display/qt/grid_pane.h"
 #include "display/qt/login_window.h"
 #include "display/qt/main_frame.h"
@@ -64,7 +64,7 @@ void PictureTour::list_last_day() {
   MainFrame& frame = *display_.main_frame();
   part<QAction>(frame, "DailySalesReport").trigger();
   const auto& report = part<QMdiSubWindow>(frame, kReport);
-  part<QDateEdit>(report, "DTPicker1").setDate(last_day(app_));
+  part<DateField>(report, "DTPicker1").set_date(last_day(app_));
   auto& counter = part<QComboBox>(report, "Combo1");
   counter.setEditText("ALL COUNTER");
   press_enter(counter);

@@ -2,11 +2,11 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QKeyEvent>
 #include <QMdiSubWindow>
 #include <QPushButton>
 
+#include "display/qt/date_field.h"
 #include "shell/main_window.h"
 #include "shell/windows.h"
 
@@ -45,8 +45,8 @@ QWidget& view_chart(AppState& app, QWidget& frame, const std::string& screen, QD
   app.windows.main()->open_screen(screen);
   auto& window = part<QMdiSubWindow>(frame, screen.c_str());
   window.resize(kChartWindow);
-  part<QDateEdit>(window, "DTP1").setDate(first);
-  part<QDateEdit>(window, "DTP2").setDate(last);
+  part<DateField>(window, "DTP1").set_date(first);
+  part<DateField>(window, "DTP2").set_date(last);
   part<QPushButton>(window, "cmdView").click();
   return window;
 }

@@ -1,11 +1,8 @@
 #include "display/qt/field.h"
 
 #include <QApplication>
-#include <QCalendarWidget>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QCompleter>
-#include <QDateEdit>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -13,6 +10,8 @@
 #include <QSignalBlocker>
 #include <algorithm>
 
+#include "display/qt/date_field.h"
+#include "display/qt/entry_combo.h"
 #include "display/qt/grid_pane.h"
 #include "display/qt/look.h"
 #include "platform/chart_qt/chart_view.h"
@@ -29,82 +28,49 @@ constexpr int kBoxCharacters = 14;
 constexpr int kResultCharacters = 10;
 constexpr int kScratchCharacters = 4;  // a box for typing without a caption
 constexpr int kComboCharacters = 18;
+constexpr int kDateCharacters = 17;  // with the calendar
 
 int character_width(const QWidget& widget) {
   return widget.fontMetrics().averageCharWidth();
 }
 
-QDate to_qt(const Date& date) {
-  if (!date.ok()) return {};
-  return {static_cast<int>(date.year()), static_cast<int>(static_cast<unsigned>(date.month())),
-          static_cast<int>(static_cast<unsigned>(date.day()))};
-}
-
-// Tab leaves the picker; the arrow keys walk from day to month to year.
-class DayEdit : public QDateEdit {
- protected:
-  bool focusNextPrevChild(bool next) override {
-    // Past QDateTimeEdit, whose own version walks through the parts of the date.
-    return QAbstractSpinBox::focusNextPrevChild(next);  // NOLINT(bugprone-parent-virtual-call)
-  }
-};
-
 ScreenField make_date(const FieldActions& actions) {
-  auto* edit = new DayEdit;
-  edit->setLocale(QLocale::c());
-  edit->setDisplayFormat(kDateFormat);
-  edit->setCalendarPopup(true);
-  edit->calendarWidget()->setFirstDayOfWeek(Qt::Monday);
-  edit->calendarWidget()->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-  edit->setKeyboardTracking(false);
-  edit->setMinimumWidth(kBoxCharacters * character_width(*edit) + 24);
-  QObject::connect(edit, &QDateEdit::dateChanged, edit,
+  auto* field = new DateField(actions.today);
+  field->setFixedWidth(kDateCharacters * character_width(*field));
+  QObject::connect(field, &DateField::date_changed, field,
                    [set = actions.set](QDate date) { set(date.toString(kDateFormat)); });
-  const auto mirror = [edit](const Control& control) {
-    const QSignalBlocker quiet(edit);
-    const QDate date = to_qt(control.date);
-    if (date.isValid()) edit->setDate(date);
-    edit->setReadOnly(control.locked);
+  QObject::connect(field, &DateField::refused, field, actions.hint);
+  const auto mirror = [field](const Control& control) {
+    const QSignalBlocker quiet(field);
+    field->show_date(to_qt(control.date));
+    field->setReadOnly(control.locked);
   };
-  const auto held = [edit] {
-    const QSignalBlocker quiet(edit);
-    edit->interpretText();
-    return edit->date().toString(kDateFormat);
+  const auto held = [field] {
+    field->settle();
+    return field->date().toString(kDateFormat);
   };
-  return {{}, {}, edit, mirror, held};
-}
-
-void mirror_items(QComboBox& box, const std::vector<std::string>& items) {
-  bool same = box.count() == static_cast<int>(items.size());
-  for (int i = 0; same && i < box.count(); ++i)
-    same = box.itemText(i) == QString::fromStdString(items[static_cast<std::size_t>(i)]);
-  if (same) return;
-  box.clear();
-  for (const std::string& item : items) box.addItem(QString::fromStdString(item));
+  return {{}, {}, field, mirror, held, [field] { return field->settle(); }};
 }
 
 ScreenField make_combo(const FieldActions& actions) {
-  auto* box = new QComboBox;
-  box->setEditable(true);
-  box->setInsertPolicy(QComboBox::NoInsert);
+  auto* box = new EntryCombo;
   box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   box->setMinimumContentsLength(kComboCharacters);
   box->setMaxVisibleItems(20);
-  box->completer()->setCompletionMode(QCompleter::PopupCompletion);
-  box->completer()->setFilterMode(Qt::MatchContains);
-  box->completer()->setCaseSensitivity(Qt::CaseInsensitive);
   QObject::connect(box, &QComboBox::textActivated, box, actions.pick);
   QObject::connect(box->lineEdit(), &QLineEdit::textEdited, box, actions.set);
+  QObject::connect(box, &EntryCombo::unmatched, box, actions.hint);
   const auto mirror = [box](const Control& control) {
     const QSignalBlocker quiet(box);
-    const QString text = QString::fromStdString(control.text);
-    mirror_items(*box, control.items);
+    box->show_entries(control.items);
     box->lineEdit()->setReadOnly(control.locked);
-    if (box->currentText() == text) return;
-    box->setCurrentIndex(box->findText(text));
-    box->setEditText(text);
+    box->show_text(QString::fromStdString(control.text));
   };
-  return {{}, {}, box, mirror, [box] { return box->currentText(); }};
+  const auto settle = [box] {
+    box->take_only_match();
+    return true;
+  };
+  return {{}, {}, box, mirror, [box] { return box->currentText(); }, settle};
 }
 
 // A box that is as wide as the text that it is made for. What the program writes is seen from its

@@ -18,6 +18,9 @@ struct FieldActions {
   std::function<void(const QString& entry)> pick;
   std::function<void()> press;
   std::function<void(int row)> double_click;
+  /// Words about what the user has typed, for the line at the window's foot.
+  std::function<void(const QString& words)> hint;
+  std::function<Date()> today;
 };
 
 struct ScreenField {
@@ -29,6 +32,9 @@ struct ScreenField {
   std::function<void(const Control&)> mirror;
   /// What the widget holds, told to the screen or not; empty function for fields without input.
   std::function<QString()> held;
+  /// Reads what was typed, at Enter and ahead of a button. False if it cannot be understood. Empty
+  /// for fields that take any text.
+  std::function<bool()> settle = {};
 };
 
 /// The text of a control as a widget holds it.

@@ -7,6 +7,7 @@
 #include <QPalette>
 #include <QStyleFactory>
 #include <QSvgRenderer>
+#include <QWidget>
 #include <algorithm>
 #include <cctype>
 #include <utility>
@@ -25,6 +26,7 @@ const QColor kPaper(255, 255, 255);
 const QColor kFace(238, 244, 247);
 const QColor kAccent(31, 111, 139);
 const QColor kFaint(140, 155, 163);
+const QColor kWrong(255, 217, 209);
 
 QPalette palette() {
   QPalette colours(kFace);
@@ -71,18 +73,31 @@ QIcon drawn_icon(const QString& name) {
   return QFile::exists(file) ? QIcon(file) : QIcon();
 }
 
+std::string plain_words(const std::string& caption) {
+  std::string plain;
+  for (const char letter : caption)
+    if (letter != '&') plain += static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+  return plain;
+}
+
 QIcon icon_for_words(const std::string& words) {
   static constexpr std::pair<const char*, const char*> kIcons[] = {
       {"descending", "descending"}, {"highest", "descending"}, {"ascending", "ascending"},
       {"lowest", "ascending"},      {"preview", "preview"},    {"print", "printer"},
       {"excel", "sheet"},           {"refresh", "refresh"},    {"view", "view"},
   };
-  std::string plain;
-  for (const char letter : words)
-    if (letter != '&') plain += static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+  const std::string plain = plain_words(words);
   for (const auto& [word, icon] : kIcons)
     if (plain.find(word) != std::string::npos) return drawn_icon(icon);
   return {};
+}
+
+void mark_field(QWidget& field, bool wrong) {
+  QPalette colours = QApplication::palette();
+  if (wrong) colours.setColor(QPalette::Base, kWrong);
+  field.setPalette(colours);
+  field.setAccessibleDescription(wrong ? QCoreApplication::translate("Field", "not understood")
+                                       : QString());
 }
 
 void paint_background(QPainter& painter, const QString& name, const QRect& place) {

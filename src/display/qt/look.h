@@ -9,6 +9,7 @@
 #include <string>
 
 class QPainter;
+class QWidget;
 
 namespace tela {
 
@@ -25,8 +26,14 @@ void set_text_size(int percent);
 /// A drawing of the program: "sales", "purchase", "tax", "printer", "exit", "ascending", …
 QIcon drawn_icon(const QString& name);
 
+/// A caption in small letters, without the mark of its short-cut letter.
+std::string plain_words(const std::string& caption);
+
 /// The icon for a button with these words on or behind it; a null icon if none fits.
 QIcon icon_for_words(const std::string& words);
+
+/// Marks a field whose text is not understood, or takes the mark away.
+void mark_field(QWidget& field, bool wrong);
 
 /// Paints a background, "login" or "frame", into `place`.
 void paint_background(QPainter& painter, const QString& name, const QRect& place);

@@ -148,6 +148,8 @@ void QtDisplay::open_child(Screen& screen) {
   QMdiArea& area = main_->area();
   auto* view = new ScreenView(screen, events_, settings_);
   auto* child = new ChildFrame(view, [this, name = screen.name()] { close_child(name); });
+  QObject::connect(view, &ScreenView::hint, child,
+                   [this](const QString& words) { hint(words.toStdString()); });
   children_[screen.name()] = child;
   area.addSubWindow(child);
   const QByteArray place = settings_.place(text(screen.name()));

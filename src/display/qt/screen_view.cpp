@@ -11,8 +11,11 @@
 #include <QTimer>
 #include <algorithm>
 
+#include "display/qt/date_field.h"
 #include "display/qt/flow_layout.h"
 #include "display/qt/grid_pane.h"
+#include "display/qt/look.h"
+#include "display/qt/period_buttons.h"
 #include "platform/chart_qt/chart_view.h"
 
 namespace tela {
@@ -21,6 +24,7 @@ namespace {
 
 constexpr int kGap = 10;  // pixels between fields
 constexpr int kLeastWidth = 560;
+constexpr const char* kLeavingWords[] = {"close", "exit", "refresh", "cancel"};
 
 bool fills_window(const Control& control) {
   return control.kind == ControlKind::grid || control.kind == ControlKind::list ||
@@ -40,6 +44,13 @@ QLabel* caption_label(const Control& control, QWidget* input) {
   auto* caption = new QLabel(QString::fromStdString(control.caption).trimmed());
   caption->setBuddy(input);
   return caption;
+}
+
+// A button that leaves or clears the window works whatever stands in the dates.
+bool needs_dates(const Control& button) {
+  const std::string words = plain_words(button.caption);
+  return std::none_of(std::begin(kLeavingWords), std::end(kLeavingWords),
+                      [&](const char* word) { return words.find(word) != std::string::npos; });
 }
 
 // A field below its caption.
@@ -113,11 +124,16 @@ FieldActions ScreenView::actions(const std::string& control) {
   };
   all.press = [this, control] {
     commit_focused();
+    if (needs_dates(screen_->form().at(control)) && !dates_are_settled()) return;
     send([&](Screen& screen) { screen.press(control); });
   };
   all.double_click = [this, control](int row) {
     send([&](Screen& screen) { screen.double_click(control, row); });
   };
+  all.hint = [this](const QString& words) {
+    if (screen_) emit hint(words);
+  };
+  all.today = [this] { return screen_->today(); };
   return all;
 }
 
@@ -135,7 +151,20 @@ void ScreenView::lay_out_report(QVBoxLayout& column) {
     if (!row || control.group != group) row = add_row(column, control.group);
     group = control.group;
     row->addWidget(whole);
+    if (QWidget* buttons = period_buttons_behind(control)) row->addWidget(buttons);
   }
+}
+
+// The buttons stand behind the second of two dates; null behind all other controls.
+QWidget* ScreenView::period_buttons_behind(const Control& control) {
+  if (control.kind != ControlKind::date) return nullptr;
+  std::vector<DateField*> dates;
+  for (const Cell& cell : cells_)
+    if (cell.field.kind == ControlKind::date)
+      dates.push_back(static_cast<DateField*>(cell.field.input));
+  if (dates.size() != 2) return nullptr;
+  const auto today = [this] { return screen_->today(); };
+  return new PeriodButtons(*dates[0], *dates[1], today, *this);
 }
 
 void ScreenView::lay_out_form(QVBoxLayout& column) {
@@ -153,6 +182,7 @@ void ScreenView::lay_out_form(QVBoxLayout& column) {
       form->addRow(caption_label(control, input), input);
     else
       form->addRow(input);
+    if (QWidget* period = period_buttons_behind(control)) form->addRow(period);
   }
   column.addLayout(form);
   column.addLayout(buttons);
@@ -245,6 +275,16 @@ void ScreenView::commit_focused() {
     if (cell.field.input->hasFocus()) commit(cell.field);
 }
 
+bool ScreenView::dates_are_settled() {
+  for (const Cell& cell : cells_) {
+    if (cell.field.kind != ControlKind::date || cell.whole->isHidden()) continue;
+    if (cell.field.settle()) continue;
+    cell.field.input->setFocus(Qt::OtherFocusReason);
+    return false;
+  }
+  return true;
+}
+
 bool ScreenView::eventFilter(QObject* watched, QEvent* event) {
   const auto cell = std::find_if(cells_.begin(), cells_.end(), [&](const Cell& candidate) {
     return candidate.field.input == watched;
@@ -271,11 +311,37 @@ bool ScreenView::eventFilter(QObject* watched, QEvent* event) {
 bool ScreenView::key_pressed(const ScreenField& field, int key) {
   if (is_button(field.kind) || fills_window(screen_->form().at(field.name))) return false;
   if (!is_enter(key) && key != Qt::Key_Up) return false;
+  if (is_enter(key)) {
+    if (field.settle) field.settle();
+    if (!dates_are_settled()) return true;
+  }
   commit(field);
+  const Key pressed = is_enter(key) ? Key::enter : Key::up;
+  if (is_enter(key) && !screen_->acts_on(field.name, pressed)) {
+    move_on(field);
+    return true;
+  }
   const QWidget* before = QApplication::focusWidget();
-  send([&](Screen& screen) { screen.key(field.name, is_enter(key) ? Key::enter : Key::up); });
+  send([&](Screen& screen) { screen.key(field.name, pressed); });
   // Up goes on to its ordinary meaning in a list or a date, unless the screen made use of it.
   return is_enter(key) || before != QApplication::focusWidget();
+}
+
+void ScreenView::move_on(const ScreenField& field) {
+  auto cell = std::find_if(cells_.begin(), cells_.end(), [&](const Cell& candidate) {
+    return candidate.field.name == field.name;
+  });
+  for (++cell; cell != cells_.end(); ++cell) {
+    const Control& control = screen_->form().at(cell->field.name);
+    QWidget& input = *cell->field.input;
+    if (input.focusPolicy() == Qt::NoFocus || !input.isEnabled() || input.isHidden() ||
+        control.locked)
+      continue;
+    input.setFocus(Qt::OtherFocusReason);
+    if (is_button(control.kind) && plain_words(control.caption).starts_with("view"))
+      actions(control.name).press();
+    return;
+  }
 }
 
 void ScreenView::focus_gained(const ScreenField& field, Qt::FocusReason reason) {

@@ -39,6 +39,10 @@ class ScreenView : public QWidget {
   /// Wide enough for all columns of the grids.
   QSize sizeHint() const override;
 
+ signals:
+  /// Words for the line at the window's foot.
+  void hint(const QString& words);
+
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -55,6 +59,7 @@ class ScreenView : public QWidget {
   void lay_out_report(QVBoxLayout& column);
   /// One input a line, the buttons in a row below.
   void lay_out_form(QVBoxLayout& column);
+  QWidget* period_buttons_behind(const Control& control);
   void set_tab_order();
   void add_find_shortcut();
 
@@ -64,6 +69,11 @@ class ScreenView : public QWidget {
   /// Tells the screen what a field holds, if it does not know it yet.
   void commit(const ScreenField& field);
   void commit_focused();
+  /// False if a date cannot be understood: it gets the focus.
+  bool dates_are_settled();
+  /// Enter in a field for which the screen has no step of its own: on to the next field, and where
+  /// that is the View button, it is pressed.
+  void move_on(const ScreenField& field);
   bool key_pressed(const ScreenField& field, int key);
   void focus_gained(const ScreenField& field, Qt::FocusReason reason);
   void focus_lost(const ScreenField& field);

@@ -143,7 +143,42 @@ std::optional<Date> take_digits_first(Reader& reader) {
   return checked(number(first, 4), month, number(reader.take_digits(), 2));
 }
 
+// Four digits, or two of this century; this year where none stand.
+std::optional<int> typed_year(std::string_view digits, Date today) {
+  if (digits.empty()) return static_cast<int>(today.year());
+  if (digits.size() == 2) return 2000 + *number(digits, 2);
+  return digits.size() == 4 ? number(digits, 4) : std::nullopt;
+}
+
+// ddmm, ddmmyy, ddmmyyyy
+std::optional<Date> date_of_digits(std::string_view digits, Date today) {
+  if (digits.size() < 4) return std::nullopt;
+  return checked(typed_year(digits.substr(4), today), number(digits.substr(2, 2), 2),
+                 number(digits.substr(0, 2), 2));
+}
+
+// digits | day separator (digits | name) [separator [year]]
+std::optional<Date> take_typed_date(Reader& reader, Date today) {
+  const std::string_view first = reader.take_digits();
+  if (!reader.take_separator()) return date_of_digits(first, today);
+  const auto month =
+      reader.at_letter() ? month_of_name(reader.take_letters()) : number(reader.take_digits(), 2);
+  reader.take_separator();
+  return checked(typed_year(reader.take_digits(), today), month, number(first, 2));
+}
+
 }  // namespace
+
+std::optional<Date> read_typed_date(std::string_view text, Date today) {
+  Reader reader(text);
+  reader.take_blanks();
+  const bool is_today = equal_ignoring_case(reader.take_letters(), "T");
+  const auto date = is_today ? today : take_typed_date(reader, today);
+  reader.take_blanks();
+  if (!reader.at_end() || !date) return std::nullopt;
+  const int year = static_cast<int>(date->year());
+  return year >= 1900 && year <= 2099 ? date : std::nullopt;
+}
 
 std::optional<Date> read_day_first(std::string_view text) {
   Reader reader(text);

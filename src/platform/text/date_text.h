@@ -26,6 +26,11 @@ std::string format_time(TimeOfDay time, std::string_view mask);
 /// day. A year of two digits lies in 1950 to 2049, as on the server.
 std::optional<Date> read_day_first(std::string_view text);
 
+/// Reads what was typed into a date field, the day first: 1/9/2026, 1.9.26, 1-9, 010926, 01092026,
+/// 5 Jan 24. Two digits of a year are of this century, a year that is left out is that of `today`,
+/// and T alone is `today`. Nullopt for what is no date between 1900 and 2099.
+std::optional<Date> read_typed_date(std::string_view text, Date today);
+
 /// Reads a date as the server accepts it between quotes, whatever its language: 05/Jan/2024, 5 Jan
 /// 2024, Jan 5, 2024, 2024-01-05, 20240105, each with or without a time of day behind it, which a
 /// day does not keep. Nullopt for anything else: 01/05/2024, say, has two readings.
