@@ -83,6 +83,12 @@ void MainWindow::switch_off(std::string_view menu) {
     if (known.name == menu) known.enabled = false;
 }
 
+void MainWindow::click(const MenuEntry& entry) {
+  if (entry.opens.empty())
+    app().display.hint("\"" + std::string(trimmed(entry.caption)) + "\" has no action.");
+  open_screen(entry.opens);
+}
+
 void MainWindow::open_screen(std::string_view screen) {
   if (const ActionEntry* action = app().windows.find_action(screen))
     return run_event(app(), [&] { action->run(app()); });
@@ -97,18 +103,21 @@ void MainWindow::click_menu(std::string_view entry) {
     if (!found) continue;
     if (!menu.enabled || !found->enabled)
       throw UserActionError("The menu entry " + found->name + " is switched off.");
-    return open_screen(found->opens);
+    return click(*found);
   }
   throw UserActionError("There is no menu entry " + std::string(entry) + ".");
 }
 
 void MainWindow::click_toolbar(std::string_view key) {
-  const bool known = std::any_of(toolbar_.begin(), toolbar_.end(),
-                                 [&](const ToolButton& button) { return button.key == key; });
-  if (!known) throw UserActionError("There is no toolbar button " + std::string(key) + ".");
+  const auto known = std::find_if(toolbar_.begin(), toolbar_.end(),
+                                  [&](const ToolButton& button) { return button.key == key; });
+  if (known == toolbar_.end())
+    throw UserActionError("There is no toolbar button " + std::string(key) + ".");
   if (key == "sales") visible_panel_ = "Picture1";
   if (key == "purchase") visible_panel_ = "Picture3";
   if (key == "exit") app().display.exit_program();
+  if (key == "tax" || key == "printer")
+    app().display.hint("\"" + known->caption + "\" has no action.");
 }
 
 void MainWindow::click_panel(std::string_view button) {
@@ -123,7 +132,7 @@ void MainWindow::click_panel(std::string_view button) {
     visible_panel_.clear();
     return;
   }
-  open_screen(found->opens);
+  click(*found);
 }
 
 }  // namespace tela

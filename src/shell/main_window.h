@@ -63,6 +63,9 @@ class MainWindow : public Screen {
   void open_screen(std::string_view screen);
 
  private:
+  /// Opens what the entry opens; one without an action says so.
+  void click(const MenuEntry& entry);
+
   std::vector<Menu> menus_;
   std::vector<ToolButton> toolbar_;
   std::vector<Panel> panels_;

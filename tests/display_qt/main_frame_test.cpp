@@ -1,10 +1,13 @@
 // The main window by mouse: menus, toolbar, panels, and the windows inside it.
+#include <gmock/gmock.h>
 #include <QApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QStatusBar>
 
+#include "display/qt/menu_letters.h"
 #include "display_qt/desktop_fixture.h"
 #include "shell/main_window.h"
 
@@ -27,8 +30,9 @@ TEST(MainFrame, OffersTheMenusAndGreysWhatIsSwitchedOff) {
   desktop.log_in();
   QStringList captions;
   for (const QAction* menu : desktop.frame().menuBar()->actions()) captions << menu->text();
+  EXPECT_EQ(captions.filter("&").size(), 6) << "no letter is left for TAX REPORT";
   EXPECT_EQ(
-      captions.join('|'),
+      captions.join('|').remove('&'),
       "SALES REPORT|PROFIT REPORT|Graph View|PURCHASE REPORT|TAX REPORT|DELETE BILLS|Settings");
   EXPECT_FALSE(child<QAction>(desktop.frame(), "CostVeriation").isEnabled());
   EXPECT_FALSE(child<QAction>(desktop.frame(), "StartDeleteBills").isEnabled());
@@ -105,6 +109,49 @@ TEST(MainFrame, SizesAndRemembersItsText) {
   EXPECT_EQ(desktop.settings().text_percent(), 110);
   QTest::keyClick(&desktop.frame(), Qt::Key_0, Qt::ControlModifier);
   EXPECT_NEAR(QApplication::font().pointSizeF(), usual, 0.01);
+}
+
+TEST(MainFrame, IsWorkedByKeys) {
+  Desktop desktop;
+  desktop.open("frmDailyS_R");
+  desktop.open("frmmonthlySR");
+  EXPECT_NE(front(desktop)->pos(), QPoint(7, 7)) << "the second window covers the first";
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_F10);
+  EXPECT_EQ(desktop.frame().menuBar()->activeAction()->text().remove('&'), "SALES REPORT");
+  desktop.view("frmmonthlySR")->focus_first();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+  EXPECT_EQ(desktop.windows().current()->name(), "frmDailyS_R");
+  desktop.view("frmDailyS_R")->focus_first();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_F4, Qt::ControlModifier);
+  EXPECT_EQ(desktop.windows().current(), nullptr);
+  EXPECT_FALSE(desktop.ended);
+}
+
+TEST(MainFrame, SaysWhatHasNoAction) {
+  Desktop desktop;
+  desktop.log_in();
+  for (const char* entry : {"PrinterSettings", "tax", "printer"}) {
+    desktop.frame().statusBar()->clearMessage();
+    child<QAction>(desktop.frame(), entry).trigger();
+    EXPECT_THAT(desktop.frame().statusBar()->currentMessage().toStdString(),
+                ::testing::HasSubstr("no action"));
+  }
+}
+
+// Alt and a letter means one thing only: a menu, or a button of the screen in front.
+TEST(MainFrame, LettersOfMenusAndButtonsDoNotMeet) {
+  Desktop desktop;
+  for (const ScreenEntry& entry : all_screens()) {
+    ScreenView& view = desktop.open(std::string(entry.name));
+    for (const Control& control : view.screen()->form().controls()) {
+      const auto mark = control.caption.find('&');
+      const bool fits = mark == std::string::npos ||
+                        kButtonLetters.contains(QChar(control.caption.at(mark + 1)).toUpper());
+      EXPECT_TRUE(fits) << entry.name << ": " << control.caption;
+      EXPECT_FALSE(child<QWidget>(view, control.name.c_str()).accessibleName().isEmpty());
+    }
+    front(desktop)->close();
+  }
 }
 
 // Every screen of the program has a window that shows all its controls, without a line of its own.

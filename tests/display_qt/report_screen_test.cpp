@@ -83,7 +83,7 @@ TEST(ReportScreen, AsksBeforeThePreviewAndShowsItUnlessCancelled) {
   EXPECT_EQ(desktop.display().preview_window(), nullptr);
   desktop.box_of(preview, QMessageBox::Ok);
   ASSERT_NE(desktop.display().preview_window(), nullptr);
-  EXPECT_EQ(desktop.display().preview_window()->windowTitle(), "Report");
+  EXPECT_EQ(desktop.display().preview_window()->windowTitle(), "DAILY SALES REPORT – Report");
   // There is no report engine here, so the viewer is empty.
   EXPECT_EQ(desktop.display().preview_window()->viewer().report(), nullptr);
 }
@@ -117,6 +117,18 @@ TEST(ReportScreen, OpensTheBillOfADoubleClick) {
   ScreenView* bill = desktop.view("FrmBillView");
   ASSERT_NE(bill, nullptr);
   EXPECT_EQ(child<QLineEdit>(*bill, "tSearch").text(), "2");
+  // Enter does the same, and behind a number in SEARCH it shows that bill.
+  QTest::keyClick(&child<QLineEdit>(*bill, "tSearch"), Qt::Key_Escape);
+  ASSERT_EQ(desktop.view("FrmBillView"), nullptr);
+  list.setCurrentIndex(list.model()->index(2, 2));
+  QTest::keyClick(&list, Qt::Key_Return);
+  bill = desktop.view("FrmBillView");
+  ASSERT_NE(bill, nullptr);
+  auto& search = child<QLineEdit>(*bill, "tSearch");
+  EXPECT_EQ(search.text(), "3");
+  search.setText("1");
+  QTest::keyClick(&search, Qt::Key_Return);
+  EXPECT_TRUE(child<QPushButton>(*bill, "cmdView").hasFocus());
 }
 
 TEST(ReportScreen, StartsAfreshWithRefresh) {

@@ -4,6 +4,8 @@
 
 #include <QApplication>
 #include <QPrinter>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QTest>
 #include <array>
@@ -148,15 +150,25 @@ TEST_F(Viewer, OpensOnTheFirstPageAtNinetyPerCent) {
 TEST_F(Viewer, KeysTurnThePages) {
   const int pages = viewer_.report()->page_count();
   ASSERT_GE(pages, 3);
-  const auto after = [&](Qt::Key key) {
-    QTest::keyClick(&viewer_, key);
+  const auto after = [&](Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier) {
+    QTest::keyClick(&viewer_, key, held);
     return viewer_.current_page();
   };
-  EXPECT_EQ(after(Qt::Key_PageDown), 2);
+  EXPECT_EQ(after(Qt::Key_PageDown, Qt::ControlModifier), 2);
   EXPECT_EQ(after(Qt::Key_End), pages);
-  EXPECT_EQ(after(Qt::Key_PageDown), pages) << "there is no page behind the last";
-  EXPECT_EQ(after(Qt::Key_PageUp), pages - 1);
+  EXPECT_EQ(after(Qt::Key_PageDown, Qt::ControlModifier), pages) << "no page is behind the last";
+  EXPECT_EQ(after(Qt::Key_PageUp, Qt::ControlModifier), pages - 1);
   EXPECT_EQ(after(Qt::Key_Home), 1);
+
+  const auto* bar = viewer_.findChild<QScrollArea*>()->verticalScrollBar();
+  ASSERT_GT(bar->maximum(), 0) << "a page is higher than the window";
+  EXPECT_EQ(after(Qt::Key_PageDown), 1);
+  EXPECT_GT(bar->value(), 0) << "the next part of the page";
+  while (bar->value() < bar->maximum()) EXPECT_EQ(after(Qt::Key_PageDown), 1);
+  EXPECT_EQ(after(Qt::Key_PageDown), 2);
+  EXPECT_EQ(bar->value(), 0) << "the next page begins at its top";
+  EXPECT_EQ(after(Qt::Key_PageUp), 1);
+  EXPECT_EQ(bar->value(), bar->maximum()) << "and the way back at its foot";
   viewer_.findChild<QSpinBox*>()->setValue(3);
   EXPECT_EQ(viewer_.current_page(), 3);
 }

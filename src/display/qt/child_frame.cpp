@@ -1,6 +1,7 @@
 #include "display/qt/child_frame.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 
 #include "display/qt/look.h"
 
@@ -17,6 +18,14 @@ ChildFrame::ChildFrame(ScreenView* view, std::function<void()> closed)
 void ChildFrame::closeEvent(QCloseEvent* event) {
   event->ignore();
   closed_();
+}
+
+void ChildFrame::keyPressEvent(QKeyEvent* event) {
+  const bool is_close =
+      event->key() == Qt::Key_Escape ||
+      (event->key() == Qt::Key_F4 && event->modifiers().testFlag(Qt::ControlModifier));
+  if (is_close) return closed_();
+  QMdiSubWindow::keyPressEvent(event);
 }
 
 }  // namespace tela

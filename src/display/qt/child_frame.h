@@ -20,6 +20,8 @@ class ChildFrame : public QMdiSubWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  /// Escape and Ctrl+F4 close the frame, where nothing in it makes use of them.
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   ScreenView* view_;

@@ -23,7 +23,7 @@ bool is_printable(const QKeyEvent& key) {
 }
 
 bool asks_for_calendar(const QKeyEvent& key) {
-  return key.key() == Qt::Key_F4 ||
+  return (key.key() == Qt::Key_F4 && key.modifiers() == Qt::NoModifier) ||
          (key.key() == Qt::Key_Down && key.modifiers().testFlag(Qt::AltModifier));
 }
 

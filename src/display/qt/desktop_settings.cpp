@@ -54,4 +54,12 @@ void DesktopSettings::set_text_percent(int percent) {
   settings_.setValue(kTextPercent, std::clamp(percent, kSmallestText, kLargestText));
 }
 
+QString DesktopSettings::save_folder() const {
+  return settings_.value("save_folder").toString();
+}
+
+void DesktopSettings::set_save_folder(const QString& folder) {
+  settings_.setValue("save_folder", folder);
+}
+
 }  // namespace tela

@@ -29,6 +29,10 @@ class DesktopSettings {
   int text_percent() const;
   void set_text_percent(int percent);
 
+  /// The folder in which the user saved last; empty if none is known.
+  QString save_folder() const;
+  void set_save_folder(const QString& folder);
+
   static constexpr int kSmallestText = 70;
   static constexpr int kLargestText = 200;
 

@@ -240,6 +240,15 @@ ScreenField make_widget(const Control& control, const FieldActions& actions,
   return make_label();
 }
 
+// What a reader of the screen says: the caption, or what kind of thing has none.
+QString spoken_name(const Control& control) {
+  const QString caption = QString::fromStdString(plain_words(control.caption)).trimmed();
+  if (!caption.isEmpty()) return caption;
+  if (control.kind == ControlKind::grid || control.kind == ControlKind::list)
+    return QCoreApplication::translate("Field", "list");
+  return QString::fromStdString(control.name);
+}
+
 }  // namespace
 
 QString shown_text(const Control& control) {
@@ -253,6 +262,7 @@ ScreenField make_field(const Control& control, const FieldActions& actions,
   field.name = control.name;
   field.kind = control.kind;
   field.input->setObjectName(QString::fromStdString(control.name));
+  if (field.input->accessibleName().isEmpty()) field.input->setAccessibleName(spoken_name(control));
   return field;
 }
 

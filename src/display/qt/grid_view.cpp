@@ -180,6 +180,8 @@ bool GridView::find(const QString& text, bool forward) {
 
 void GridView::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Copy)) return copy_selection();
+  const bool is_enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (is_enter && currentIndex().isValid()) return emit doubleClicked(currentIndex());
   QTableView::keyPressEvent(event);
 }
 

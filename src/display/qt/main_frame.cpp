@@ -16,6 +16,7 @@
 
 #include "display/qt/frame_area.h"
 #include "display/qt/look.h"
+#include "display/qt/menu_letters.h"
 #include "shell/main_window.h"
 
 namespace tela {
@@ -43,7 +44,7 @@ MainFrame::MainFrame(MainWindow& main, UserEvents& events, DesktopSettings& sett
   add_menus();
   add_toolbar();
   add_status_bar();
-  add_text_size_keys();
+  add_keys();
   auto* centre = new QWidget;
   auto* row = new QHBoxLayout(centre);
   row->setContentsMargins(0, 0, 0, 0);
@@ -55,14 +56,16 @@ MainFrame::MainFrame(MainWindow& main, UserEvents& events, DesktopSettings& sett
 }
 
 void MainFrame::add_menus() {
+  QString letters = kButtonLetters;
   for (const Menu& menu : main_.menus()) {
-    QMenu* shown = menuBar()->addMenu(text(menu.caption));
+    QMenu* shown = menuBar()->addMenu(with_letter(text(menu.caption), letters));
+    QString entry_letters;
     shown->setObjectName(text(menu.name));
     menus_[menu.name] = shown;
     for (const MenuEntry& entry : menu.entries) {
-      QAction* action = shown->addAction(text(entry.caption), this, [this, name = entry.name] {
-        events_.run([&] { main_.click_menu(name); });
-      });
+      QAction* action = shown->addAction(
+          with_letter(text(entry.caption), entry_letters), this,
+          [this, name = entry.name] { events_.run([&] { main_.click_menu(name); }); });
       action->setObjectName(text(entry.name));
       entries_[entry.name] = action;
     }
@@ -109,22 +112,23 @@ QWidget* MainFrame::make_panels() {
 }
 
 void MainFrame::add_status_bar() {
-  auto* windows = new QToolButton;
-  windows->setText(tr("Windows"));
-  windows->setPopupMode(QToolButton::InstantPopup);
-  windows->setAutoRaise(true);
-  auto* menu = new QMenu(windows);
-  windows->setMenu(menu);
+  windows_ = new QToolButton;
+  windows_->setText(tr("Windows"));
+  windows_->setToolTip(tr("The open windows  F6"));
+  windows_->setPopupMode(QToolButton::InstantPopup);
+  windows_->setAutoRaise(true);
+  auto* menu = new QMenu(windows_);
+  windows_->setMenu(menu);
   connect(menu, &QMenu::aboutToShow, this, [this, menu] {
     menu->clear();
     fill_window_menu(*menu);
   });
-  statusBar()->addPermanentWidget(windows);
-  statusBar()->addWidget(new QLabel(tr(
-      "Enter moves on   ·   Ctrl+F finds   ·   Ctrl+C copies   ·   Ctrl + and − size the text")));
+  statusBar()->addPermanentWidget(windows_);
+  statusBar()->addWidget(new QLabel(
+      tr("F1 lists the keys   ·   Enter moves on   ·   Ctrl+F finds   ·   Ctrl+C copies")));
 }
 
-void MainFrame::add_text_size_keys() {
+void MainFrame::add_keys() {
   const auto add = [this](const QKeySequence& keys, auto action) {
     auto* shortcut = new QShortcut(keys, this);
     shortcut->setContext(Qt::ApplicationShortcut);
@@ -135,6 +139,39 @@ void MainFrame::add_text_size_keys() {
   add(QKeySequence("Ctrl+="), larger);
   add(QKeySequence("Ctrl+-"), [this] { scale_text(settings_.text_percent() - kTextStep); });
   add(QKeySequence("Ctrl+0"), [this] { scale_text(100); });
+  add(QKeySequence(Qt::Key_F1), [this] { show_keys(); });
+  add(QKeySequence(Qt::Key_F6), [this] { windows_->showMenu(); });
+  add(QKeySequence(Qt::Key_F10), [this] { open_menus(); });
+}
+
+void MainFrame::open_menus() {
+  menuBar()->setFocus(Qt::MenuBarFocusReason);
+  menuBar()->setActiveAction(menuBar()->actions().first());
+}
+
+void MainFrame::show_keys() {
+  static constexpr std::pair<const char*, const char*> kKeys[] = {
+      {"Enter",
+       "goes on to the next field; in the last one it lists; on a row it opens what a "
+       "double click opens"},
+      {"Alt+letter", "presses the button with that letter underlined, or opens that menu"},
+      {"F10", "goes to the menus"},
+      {"F6", "lists the open windows; Ctrl+Tab goes to the next one"},
+      {"Esc, Ctrl+F4", "closes the window in front"},
+      {"T in a date", "is today; ↑ and ↓ change the part at the cursor; F4 shows a calendar"},
+      {"Ctrl+1 … Ctrl+4", "both dates: today, this month, last month, this financial year"},
+      {"Ctrl+F, F3", "finds a text in the list, and the next one"},
+      {"Ctrl+C", "copies the selected cells"},
+      {"Ctrl and +, −, 0", "makes all text larger, smaller, normal"},
+  };
+  QString rows;
+  for (const auto& [key, what] : kKeys)
+    rows +=
+        QStringLiteral("<tr><td><b>%1</b>&nbsp;&nbsp;</td><td>%2</td></tr>").arg(tr(key), tr(what));
+  QMessageBox box(this);
+  box.setWindowTitle(tr("Keys"));
+  box.setText(QStringLiteral("<table cellpadding='3'>%1</table>").arg(rows));
+  box.exec();
 }
 
 void MainFrame::scale_text(int percent) {
@@ -160,6 +197,7 @@ void MainFrame::fill_window_menu(QMenu& menu) {
                  [this] { scale_text(settings_.text_percent() - kTextStep); });
   menu.addAction(tr("&Normal Text\tCtrl+0"), this, [this] { scale_text(100); });
   menu.addSeparator();
+  menu.addAction(tr("&Keys\tF1"), this, &MainFrame::show_keys);
   menu.addAction(tr("&About…"), this, &MainFrame::show_about);
 }
 

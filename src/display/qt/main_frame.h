@@ -14,6 +14,7 @@ class QActionGroup;
 class QMdiArea;
 class QMdiSubWindow;
 class QMenu;
+class QToolButton;
 
 namespace tela {
 
@@ -40,9 +41,12 @@ class MainFrame : public QMainWindow {
   void add_toolbar();
   QWidget* make_panels();
   void add_status_bar();
-  void add_text_size_keys();
+  void add_keys();
   void fill_window_menu(QMenu& menu);
   void scale_text(int percent);
+  /// Opens the first menu, as F10 does everywhere.
+  void open_menus();
+  void show_keys();
   void show_about();
 
   MainWindow& main_;
@@ -50,6 +54,7 @@ class MainFrame : public QMainWindow {
   DesktopSettings& settings_;
   std::function<void()> exit_;
   QMdiArea* area_;
+  QToolButton* windows_ = nullptr;  // the list of open windows
   std::map<std::string, QMenu*> menus_;
   std::map<std::string, QAction*> entries_;
   std::map<std::string, QWidget*> panels_;

@@ -4,6 +4,7 @@
 #include <QMainWindow>
 #include <functional>
 
+#include "display/qt/desktop_settings.h"
 #include "shell/report_window.h"
 
 namespace tela {
@@ -15,16 +16,18 @@ class PreviewWindow : public QMainWindow {
 
  public:
   /// `closed` is called when the user has closed the window.
-  explicit PreviewWindow(std::function<void()> closed);
+  PreviewWindow(DesktopSettings& settings, std::function<void()> closed);
 
-  /// Shows the report, or an empty viewer.
-  void show_report(const ReportWindow& preview);
+  /// Shows the report of that name, or an empty viewer.
+  void show_report(const ReportWindow& preview, const QString& name);
   ReportViewer& viewer() { return *viewer_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  DesktopSettings& settings_;
   std::function<void()> closed_;
   ReportViewer* viewer_;
 };

@@ -23,6 +23,9 @@ namespace {
 
 // A report screen opens this far from the corner of the frame: 100 twips.
 constexpr QPoint kChildCorner(7, 7);
+// Further windows stand so far from the one before, and begin again after some.
+constexpr QPoint kCascadeStep(28, 28);
+constexpr int kCascade = 8;
 
 QString text(const std::string& words) {
   return QString::fromStdString(words);
@@ -156,7 +159,7 @@ void QtDisplay::open_child(Screen& screen) {
   if (place.isEmpty() || !child->restoreGeometry(place)) {
     child->resize(child->sizeHint().boundedTo(area.viewport()->size() -
                                               QSize(2 * kChildCorner.x(), 2 * kChildCorner.y())));
-    child->move(kChildCorner);
+    child->move(kChildCorner + (static_cast<int>(children_.size()) - 1) % kCascade * kCascadeStep);
   }
   child->show();
   view->focus_first();
@@ -206,8 +209,10 @@ void QtDisplay::activated(QMdiSubWindow* window) {
 }
 
 void QtDisplay::preview_opened(const ReportWindow& preview) {
-  preview_ = std::make_unique<PreviewWindow>([this] { app_->windows.close_preview(*app_); });
-  preview_->show_report(preview);
+  preview_ =
+      std::make_unique<PreviewWindow>(settings_, [this] { app_->windows.close_preview(*app_); });
+  const Screen* screen = app_->windows.current();
+  preview_->show_report(preview, screen ? text(screen->caption()).trimmed() : QString());
   preview_->showMaximized();
 }
 

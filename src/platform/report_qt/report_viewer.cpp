@@ -86,14 +86,20 @@ ReportViewer::ReportViewer(QWidget* parent)
   set_report(nullptr);
 }
 
-QAction* ReportViewer::add_action(const QString& text, const QKeySequence& key,
-                                  const std::function<void()>& run) {
-  auto* action = new QAction(text, this);
+QAction* ReportViewer::add_key(const QKeySequence& key, const std::function<void()>& run) {
+  auto* action = new QAction(this);
   action->setShortcut(key);
   action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-  action->setToolTip(text + "  " + key.toString(QKeySequence::NativeText));
   connect(action, &QAction::triggered, this, run);
   addAction(action);
+  return action;
+}
+
+QAction* ReportViewer::add_action(const QString& text, const QKeySequence& key,
+                                  const std::function<void()>& run) {
+  QAction* action = add_key(key, run);
+  action->setText(text);
+  action->setToolTip(text + "  " + key.toString(QKeySequence::NativeText));
   bar_->addAction(action);
   return action;
 }
@@ -102,7 +108,8 @@ void ReportViewer::add_paging() {
   const auto picture = [this](QStyle::StandardPixmap name) { return style()->standardIcon(name); };
   first_ = add_action("First page", Qt::Key_Home, [this] { show_page(1); });
   first_->setIcon(picture(QStyle::SP_MediaSkipBackward));
-  previous_ = add_action("Previous page", Qt::Key_PageUp, [this] { show_page(page_ - 1); });
+  previous_ =
+      add_action("Previous page", Qt::CTRL | Qt::Key_PageUp, [this] { show_page(page_ - 1); });
   previous_->setIcon(picture(QStyle::SP_MediaSeekBackward));
   page_box_ = new QSpinBox;
   page_box_->setKeyboardTracking(false);
@@ -112,9 +119,11 @@ void ReportViewer::add_paging() {
   bar_->addWidget(page_box_);
   page_count_ = new QLabel;
   bar_->addWidget(page_count_);
-  next_ = add_action("Next page", Qt::Key_PageDown, [this] { show_page(page_ + 1); });
+  next_ = add_action("Next page", Qt::CTRL | Qt::Key_PageDown, [this] { show_page(page_ + 1); });
   next_->setIcon(picture(QStyle::SP_MediaSeekForward));
   last_ = add_action("Last page", Qt::Key_End, [this] { show_page(document_->page_count()); });
+  add_key(Qt::Key_PageDown, [this] { show_part(1); });
+  add_key(Qt::Key_PageUp, [this] { show_part(-1); });
   last_->setIcon(picture(QStyle::SP_MediaSkipForward));
 }
 
@@ -145,11 +154,7 @@ void ReportViewer::add_search() {
   add_action("Find next", QKeySequence::FindNext, search);
   search_result_ = new QLabel;
   bar_->addWidget(search_result_);
-  auto* focus = new QAction(this);
-  focus->setShortcut(QKeySequence::Find);
-  focus->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-  connect(focus, &QAction::triggered, search_box_, qOverload<>(&QWidget::setFocus));
-  addAction(focus);
+  add_key(QKeySequence::Find, [this] { search_box_->setFocus(); });
 }
 
 void ReportViewer::add_outputs() {
@@ -221,6 +226,15 @@ void ReportViewer::show_page(int number) {
   last_->setEnabled(page_ < document_->page_count());
 }
 
+void ReportViewer::show_part(int direction) {
+  QScrollBar& bar = *scroll_->verticalScrollBar();
+  const bool has_more = direction > 0 ? bar.value() < bar.maximum() : bar.value() > bar.minimum();
+  if (has_more) return bar.setValue(bar.value() + direction * bar.pageStep());
+  const int before = page_;
+  show_page(page_ + direction);
+  if (direction < 0 && page_ != before) bar.setValue(bar.maximum());
+}
+
 bool ReportViewer::find(const QString& text) {
   if (!document_) return false;
   const std::string wanted = text.trimmed().toStdString();
@@ -257,10 +271,13 @@ void ReportViewer::print() {
 
 void ReportViewer::save(const QString& suffix, const QString& filter,
                         const std::function<void(const QString& path)>& write) {
-  QFileDialog dialog(this, QString(), QString(), filter);
+  QFileDialog dialog(this, QString(), save_folder_, filter);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDefaultSuffix(suffix);
+  if (!save_name_.isEmpty()) dialog.selectFile(save_name_ + '.' + suffix);
   if (dialog.exec() != QDialog::Accepted) return;
+  save_folder_ = dialog.directory().absolutePath();
+  emit saved_in(save_folder_);
   run_output(this, [&] { write(dialog.selectedFiles().constFirst()); });
 }
 

@@ -47,6 +47,17 @@ class ReportViewer : public QWidget {
   /// Goes to the next place that holds `text` and marks it. False if there is none.
   bool find(const QString& text);
 
+  /// Shows the next part of the page, the lower one for 1, the upper one for -1; beyond the page's
+  /// edge the neighbouring page.
+  void show_part(int direction);
+
+  /// The name and the folder that are proposed when the report is saved.
+  void set_save_name(const QString& name) { save_name_ = name; }
+  void set_save_folder(const QString& folder) { save_folder_ = folder; }
+
+ signals:
+  void saved_in(const QString& folder);
+
  protected:
   void resizeEvent(QResizeEvent* event) override;
 
@@ -55,6 +66,8 @@ class ReportViewer : public QWidget {
   void add_zoom();
   void add_search();
   void add_outputs();
+  QAction* add_key(const QKeySequence& key, const std::function<void()>& run);
+  /// The same with a button.
   QAction* add_action(const QString& text, const QKeySequence& key,
                       const std::function<void()>& run);
 
@@ -69,6 +82,8 @@ class ReportViewer : public QWidget {
   int page_ = 0;
   int zoom_ = 90;
   bool fits_width_ = false;
+  QString save_name_;
+  QString save_folder_;
   std::string wanted_;
   std::optional<TextHit> hit_;
 
