@@ -242,7 +242,7 @@ ScreenField make_widget(const Control& control, const FieldActions& actions,
 
 // What a reader of the screen says: the caption, or what kind of thing has none.
 QString spoken_name(const Control& control) {
-  const QString caption = QString::fromStdString(plain_words(control.caption)).trimmed();
+  QString caption = QString::fromStdString(plain_words(control.caption)).trimmed();
   if (!caption.isEmpty()) return caption;
   if (control.kind == ControlKind::grid || control.kind == ControlKind::list)
     return QCoreApplication::translate("Field", "list");

@@ -226,7 +226,7 @@ void TableRestore::replace_some(const std::string& condition, const KeptGroup& g
   for (const std::string& column : columns_) columns += (columns.empty() ? "" : ",") + column;
   auto rows =
       catalogue_.execute("select " + columns + " from " + kept_.table + " where " + condition).rows;
-  std::ranges::stable_partition(rows, [&](const auto& row) { return row == left; });
+  std::stable_partition(rows.begin(), rows.end(), [&](const auto& row) { return row == left; });
   const auto replaced = std::span(rows).first(static_cast<std::size_t>(group.count));
   for (std::vector<Value>& row : replaced) row = group.row;
   catalogue_.execute("delete from " + kept_.table + " where " + condition);
