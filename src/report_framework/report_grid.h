@@ -37,7 +37,8 @@ struct GridLook {
   std::optional<int> counted_by = {};  ///< only rows whose number in this column is above 0 count
                                        ///< in the totals; nothing: all rows count
   bool headed_at_load = true;          ///< false: the headings come with the first rows
-  bool blank_row_counts = false;  ///< the blank row behind the last is summed as one of the rows
+  bool blank_row_counts = false;   ///< the blank row behind the last is summed as one of the rows
+  std::string whole_amounts = {};  ///< the reports that show amounts too wide for this list
 };
 
 class ReportGrid {
@@ -66,6 +67,10 @@ class ReportGrid {
   /// Writes the recordset from its first row into the grid, from row 1 on. Leaves `RowNo` one
   /// behind the last row written. Throws GridError, the grid then being empty.
   void fill(AppState& app, Recordset& rs) const;
+  /// Where cells of totalled columns came as asterisks: reads the statement of the list again, with
+  /// room for every amount, and notes what the totals lack. Where nothing shows notes it reads
+  /// nothing. A failure or other rows leave the amount unknown, and the note says so.
+  void note_lacking(AppState& app, std::string_view sql) const;
   /// Headings, bands and totals.
   void finish() const;
   /// Writes each header into row 0.

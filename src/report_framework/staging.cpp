@@ -2,6 +2,7 @@
 
 #include "platform/text/date_text.h"
 #include "platform/text/strings.h"
+#include "report_framework/lacking_amounts.h"
 #include "shell/database_gateway.h"
 #include "shell/failure.h"
 #include "shell/period.h"
@@ -12,10 +13,6 @@ namespace tela {
 namespace {
 
 constexpr std::string_view kNull = "null";
-
-bool is_overflow(std::string_view text) {
-  return !text.empty() && text.find_first_not_of('*') == std::string_view::npos;
-}
 
 }  // namespace
 
@@ -30,8 +27,7 @@ std::string GridRow::text(int col) const {
 
 std::string GridRow::number(int col) const {
   const std::string& shown = cell(col);
-  if (is_overflow(trimmed(shown)))
-    refuse(col, "the number is too wide to be shown (" + shown + ").");
+  if (is_overflow(shown)) refuse(col, "the number is too wide to be shown (" + shown + ").");
   try {
     return sql_number(shown);
   } catch (const ValueError& failure) {

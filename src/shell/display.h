@@ -45,6 +45,10 @@ class Display {
   /// it.
   virtual void progress(const std::string& work, int done, int total) = 0;
 
+  /// Whether the notes of a list are shown (`Grid::Note`). A script does not tell them, and nothing
+  /// is read for them then.
+  virtual bool shows_notes() const { return false; }
+
   /// A screen has been opened, brought to the front, or closed. `closed` comes while the screen
   /// still exists, for the last time.
   virtual void opened(Screen& screen) = 0;

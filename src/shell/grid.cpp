@@ -1,5 +1,7 @@
 #include "shell/grid.h"
 
+#include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace tela {
@@ -42,7 +44,40 @@ void Grid::Paint(int row, RowBand band) {
 void Grid::Clear() {
   for (auto& cell : cells_) cell.clear();
   bands_.clear();
+  wide_cells_.clear();
+  note_.clear();
+  empty_words_.clear();
   ++revision_;
+}
+
+void Grid::SetHeadings(std::vector<std::string> headings) {
+  headings_ = std::move(headings);
+  ++revision_;
+}
+
+void Grid::MarkWide(int row, int col) {
+  wide_cells_.emplace(row, col);
+  ++revision_;
+}
+
+bool Grid::HasWideCell(int row) const {
+  const auto first = wide_cells_.lower_bound({row, std::numeric_limits<int>::min()});
+  return first != wide_cells_.end() && first->first == row;
+}
+
+void Grid::SetNote(std::string note) {
+  note_ = std::move(note);
+  ++revision_;
+}
+
+void Grid::SetEmptyWords(std::string words) {
+  empty_words_ = std::move(words);
+  ++revision_;
+}
+
+bool Grid::IsEmpty() const {
+  return std::all_of(cells_.begin() + std::min<std::ptrdiff_t>(cols_, std::ssize(cells_)),
+                     cells_.end(), [](const std::string& cell) { return cell.empty(); });
 }
 
 std::size_t Grid::index(int row, int col) const {

@@ -4,8 +4,10 @@
 
 #include <cstdint>
 #include <map>
+#include <set>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tela {
@@ -61,6 +63,25 @@ class Grid {
   void Paint(int row, RowBand band);
   const std::map<int, RowBand>& Bands() const { return bands_; }
 
+  // What a window shows beside the cells, and a script does not tell. `Clear` empties the marks and
+  // the words.
+
+  /// The names of the columns, shown where row 0 is empty.
+  const std::vector<std::string>& Headings() const { return headings_; }
+  void SetHeadings(std::vector<std::string> headings);
+  /// Cells (row, column) whose amount is too wide to be shown and counts as 0.
+  const std::set<std::pair<int, int>>& WideCells() const { return wide_cells_; }
+  void MarkWide(int row, int col);
+  bool HasWideCell(int row) const;
+  /// The line under the list: what its totals lack.
+  const std::string& Note() const { return note_; }
+  void SetNote(std::string note);
+  /// What stands in the place of a list without rows: why it has none.
+  const std::string& EmptyWords() const { return empty_words_; }
+  void SetEmptyWords(std::string words);
+  /// Whether no cell below the header holds a text.
+  bool IsEmpty() const;
+
   /// Another number after every change of what the grid shows, so that a window knows when to look.
   std::uint64_t revision() const { return revision_; }
 
@@ -74,6 +95,10 @@ class Grid {
   std::vector<std::string> cells_;  // row by row
   std::vector<int> widths_;
   std::map<int, RowBand> bands_;
+  std::vector<std::string> headings_;
+  std::set<std::pair<int, int>> wide_cells_;
+  std::string note_;
+  std::string empty_words_;
 };
 
 }  // namespace tela

@@ -34,6 +34,8 @@ void Screen::focus(std::string_view control) {
 }
 
 void Screen::tell(const std::string& text, Icon icon) {
+  for (const Control& control : form_.controls())
+    if (control.grid) control.grid->SetEmptyWords(text);
   app_.display.message({text, icon, Buttons::ok, app_.ShopName});
 }
 

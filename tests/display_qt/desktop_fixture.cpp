@@ -37,7 +37,7 @@ class FakeConnection : public Connection {
     if (sql.find("from PrinterSet") != sql.npos) rows.rows = {{1.0, "", "LPT1", "", 0.0, 0.0}};
     if (sql.find("Select iLongName") != sql.npos) rows.rows = {{"BASMATI RICE OF THE FIRST CROP"}};
     if (sql.find("from BarChartYear order") != sql.npos) rows.rows = months();
-    if (sql.find("salestemp where billdate") != sql.npos) rows.rows = bills();
+    if (sql.find("salestemp where billdate") != sql.npos) rows.rows = bills(sql);
     for (auto& row : rows.rows) row.resize(rows.fields.size());
     return rows;
   }
@@ -49,13 +49,16 @@ class FakeConnection : public Connection {
             {"March", std::int64_t{3}, std::int64_t{2024}, 50000.0}};
   }
 
-  std::vector<std::vector<Value>> bills() const {
+  std::vector<std::vector<Value>> bills(std::string_view sql) const {
     std::vector<std::vector<Value>> rows;
     for (int number = 1; number <= shop_.bills; ++number) {
       const double amount = number;
       rows.push_back({std::int64_t{number}, kToday, TimeOfDay{10, 30, 0}, amount, 0.0, amount,
                       amount, 0.0, 0.0, 0.0, 0.0});
     }
+    if (!shop_.is_second_huge) return rows;
+    const bool has_room = sql.find("str(Total,8,2)") == sql.npos;
+    rows[1][5] = has_room ? Value("      250000.00") : Value("********");
     return rows;
   }
 

@@ -30,6 +30,7 @@ namespace tela::testing {
 struct Shop {
   bool reachable = true;
   int bills = 3;  ///< bills 1 to this number, each over its number in rupees, paid in cash
+  bool is_second_huge = false;  ///< bill 2 comes to 250000 rupees, which no text of 8 places holds
 };
 
 /// What a message box showed.

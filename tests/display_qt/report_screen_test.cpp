@@ -195,6 +195,61 @@ TEST(ReportScreen, ShowsAFullGridAtOnce) {
   EXPECT_EQ(cell(view, 31999, 0), "32000");
 }
 
+TEST(ReportScreen, SaysWhatATotalLeavesOut) {
+  Desktop desktop;
+  desktop.shop.is_second_huge = true;
+  ScreenView& view = list_bills(desktop);
+  const auto ground = [&](int row) {
+    return grid(view).model()->index(row, 3).data(Qt::BackgroundRole).value<QColor>();
+  };
+  EXPECT_EQ(cell(view, 1, 5), "0.00");
+  EXPECT_EQ(child<QLineEdit>(view, "tTotalAmount").text(), "4.00");
+  EXPECT_NE(ground(1), ground(0));
+  EXPECT_NE(ground(1), ground(2));
+  QLabel& note = child<QLabel>(view, "note");
+  EXPECT_TRUE(note.isVisible());
+  EXPECT_EQ(note.text(),
+            "1 row has an amount too wide for the list, which counts as 0 in the totals. TOTAL "
+            "AMOUNT lacks 250000.00. For the whole amounts take MONTHLY CASH SALES REPORT and "
+            "MONTHLY CREDIT SALES REPORT.");
+  desktop.shop.is_second_huge = false;
+  QTest::mouseClick(&child<QPushButton>(view, "cmdView"), Qt::LeftButton);
+  EXPECT_EQ(child<QLineEdit>(view, "tTotalAmount").text(), "6.00");
+  EXPECT_FALSE(note.isVisible());
+}
+
+TEST(ReportScreen, AnEmptyListSaysWhyAndKeepsItsHeadings) {
+  Desktop desktop;
+  desktop.shop.bills = 0;
+  ScreenView& view = desktop.open("frmmonthlySR");
+  QLabel& words = child<QLabel>(view, "emptyWords");
+  EXPECT_FALSE(words.isVisible());
+  const auto press_view = [&] {
+    QTest::mouseClick(&child<QPushButton>(view, "cmdView"), Qt::LeftButton);
+  };
+  desktop.box_of(press_view);
+  EXPECT_TRUE(words.isVisible());
+  EXPECT_EQ(words.text(), "Please Select The Counter No.");
+  EXPECT_EQ(grid(view).model()->headerData(3, Qt::Horizontal).toString(), "AMOUNT");
+
+  QTest::keyClicks(&counter(view), "ALL COUNTER");
+  auto& last = child<DateField>(view, "DTP2");
+  last.setFocus();
+  QTest::keyClicks(&last, "010124");
+  press_view();
+  EXPECT_EQ(words.text(),
+            "Nothing to list between 05/01/2024 and 01/01/2024: the first date is the later one.");
+  EXPECT_EQ(last.accessibleDescription(), "before the first date");
+  EXPECT_NE(last.palette().color(QPalette::Base), counter(view).palette().color(QPalette::Base));
+
+  last.setFocus();
+  QTest::keyClicks(&last, "050124");
+  desktop.shop.bills = 2;
+  press_view();
+  EXPECT_FALSE(words.isVisible());
+  EXPECT_EQ(last.accessibleDescription(), "");
+}
+
 TEST(ReportScreen, RefusesMoreRowsThanAGridHolds) {
   Desktop desktop;
   desktop.shop.bills = 40000;
@@ -204,6 +259,7 @@ TEST(ReportScreen, RefusesMoreRowsThanAGridHolds) {
   EXPECT_TRUE(box.text.contains("more than a grid can hold"));
   EXPECT_EQ(grid(view).model()->rowCount(), 1);
   EXPECT_EQ(cell(view, 0, 0), "");
+  EXPECT_EQ(grid(view).model()->headerData(3, Qt::Horizontal).toString(), "AMOUNT");
 }
 
 }  // namespace tela::testing

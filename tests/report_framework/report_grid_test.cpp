@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "report_framework/lacking_amounts.h"
 #include "report_framework/staging.h"
 #include "shell/display.h"
 #include "shell/sql_value.h"
@@ -161,6 +162,36 @@ TEST_F(ReportGridTest, ChecksItsDefinition) {
   short_of_one.pop_back();
   EXPECT_THROW(ReportGrid(form, short_of_one), std::logic_error);
   EXPECT_THROW(make({.name = "MSHF1"}), std::logic_error);
+}
+
+TEST(LackingAmounts, GetRoomInTheStatementAndNowhereElse) {
+  EXPECT_EQ(with_room_for_amounts("select STR(mrp,8,2)'M,P',substr(a,1,2),str(sum(q) * (r),8,3) "
+                                  "from t where n='str(x,8,2)' or n='it''s'"),
+            "select STR(mrp,40,2)'M,P',substr(a,1,2),str(sum(q) * (r),40,3) "
+            "from t where n='str(x,8,2)' or n='it''s'");
+  EXPECT_EQ(with_room_for_amounts("select str(a),mystr(b,8,2),str(left(c,2),9,1"),
+            "select str(a),mystr(b,8,2),str(left(c,2),9,1");
+}
+
+TEST_F(ReportGridTest, TheAmountsThatATotalLacksAreReadOnceMore) {
+  const ReportGrid grid = make();
+  database->rows.rows = {{std::int64_t{7}, "x", "********"}, {std::int64_t{8}, "y", "    1.50"}};
+  Recordset narrow;
+  narrow.open("", *database);
+  grid.fill(app, narrow);
+  EXPECT_THAT(grid.cells().WideCells(), ElementsAre(std::pair(1, 2)));
+  const auto lacking = [&](std::vector<std::vector<Value>> rows) {
+    database->rows.rows = std::move(rows);
+    Recordset wide;
+    wide.open("", *database);
+    return lacking_amounts(grid.cells(), grid.columns(), wide);
+  };
+  EXPECT_THAT(lacking({{std::int64_t{7}, "x", " 123456.789"}, {std::int64_t{8}, "y", "1.50"}}),
+              ElementsAre(std::pair(2, 123456.79)));
+  // Other rows than those of the list tell nothing.
+  EXPECT_THAT(lacking({{std::int64_t{6}, "x", "5"}, {std::int64_t{7}, "x", "123456.78"}}),
+              ElementsAre());
+  EXPECT_THAT(lacking({}), ElementsAre());
 }
 
 }  // namespace

@@ -27,6 +27,10 @@ bool asks_for_calendar(const QKeyEvent& key) {
          (key.key() == Qt::Key_Down && key.modifiers().testFlag(Qt::AltModifier));
 }
 
+QString typing_help() {
+  return DateField::tr("The day first: 31/3/2026, 31-3, 310326. T is today, Alt+Down a calendar.");
+}
+
 }  // namespace
 
 QDate to_qt(const Date& date) {
@@ -37,7 +41,7 @@ QDate to_qt(const Date& date) {
 
 DateField::DateField(std::function<Date()> today, QWidget* parent)
     : QLineEdit(parent), today_(std::move(today)) {
-  setToolTip(tr("The day first: 31/3/2026, 31-3, 310326. T is today, Alt+Down a calendar."));
+  setToolTip(typing_help());
   QAction* calendar = addAction(drawn_icon("calendar"), QLineEdit::TrailingPosition);
   calendar->setToolTip(tr("Calendar (F4)"));
   connect(calendar, &QAction::triggered, this, &DateField::open_calendar);
@@ -91,7 +95,19 @@ void DateField::refuse() {
 void DateField::mark(bool refused) {
   if (refused == is_marked_) return;
   is_marked_ = refused;
-  mark_field(*this, refused);
+  show_marks();
+}
+
+void DateField::mark_reversed(bool reversed) {
+  if (reversed == is_reversed_) return;
+  is_reversed_ = reversed;
+  show_marks();
+}
+
+void DateField::show_marks() {
+  mark_field(*this, is_marked_ || is_reversed_);
+  if (is_reversed_ && !is_marked_) setAccessibleDescription(tr("before the first date"));
+  setToolTip(is_reversed_ ? tr("This date lies before the first one.") : typing_help());
 }
 
 void DateField::step(int by) {

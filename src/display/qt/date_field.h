@@ -31,6 +31,9 @@ class DateField : public QLineEdit {
   /// Shows the program's date. What is being typed, or was refused, stays while that is the same.
   void show_date(QDate date);
 
+  /// Marks the date as one that lies before the first of its pair, or takes that mark away.
+  void mark_reversed(bool reversed);
+
   /// Reads what was typed. False, with the mark and `refused`, if it is no date.
   bool settle();
 
@@ -48,6 +51,7 @@ class DateField : public QLineEdit {
  private:
   void show_text();
   void mark(bool refused);
+  void show_marks();
   void refuse();
   /// Adds to the day, month or year at the cursor.
   void step(int by);
@@ -57,7 +61,8 @@ class DateField : public QLineEdit {
   QDate date_;
   bool is_edited_ = false;   // the text is not that of `date_`
   bool starts_anew_ = true;  // the next key begins a new date
-  bool is_marked_ = false;
+  bool is_marked_ = false;   // what was typed is no date
+  bool is_reversed_ = false;
 };
 
 }  // namespace tela

@@ -204,7 +204,11 @@ ScreenField make_grid(const Control& control, const FieldActions& actions,
                    [grid = control.grid.get()](const QModelIndex& cell) {
                      if (cell.isValid()) grid->SetRow(GridModel::grid_row(cell.row()));
                    });
-  return {{}, {}, pane, [view](const Control&) { view->refresh(); }, {}};
+  const auto mirror = [pane, view](const Control& now) {
+    view->refresh();
+    pane->show_words(*now.grid);
+  };
+  return {{}, {}, pane, mirror, {}};
 }
 
 ScreenField make_chart(const Control& control) {

@@ -16,6 +16,7 @@ QColor colour(std::uint32_t bgr) {
 }
 
 const QColor kFixedColumn(225, 234, 239);
+const QColor kLackingRow(255, 226, 189);  // of an amount that the totals lack
 
 }  // namespace
 
@@ -79,12 +80,23 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (!grid_ || orientation != Qt::Horizontal || grid_->Rows() == 0) return {};
-  if (role == Qt::DisplayRole) return QString::fromStdString(grid_->TextMatrix(0, section));
+  if (role == Qt::DisplayRole) return heading(section);
   if (role == Qt::TextAlignmentRole) return static_cast<int>(alignment(section));
   return {};
 }
 
+// A list that was refused may have lost its header; its columns keep their names.
+QString GridModel::heading(int col) const {
+  const auto& names = grid_->Headings();
+  bool headed = names.empty();
+  for (int other = 0; !headed && other < grid_->Cols(); ++other)
+    headed = !grid_->TextMatrix(0, other).empty();
+  return QString::fromStdString(headed ? grid_->TextMatrix(0, col)
+                                       : names[static_cast<std::size_t>(col)]);
+}
+
 QVariant GridModel::background(int row, int col) const {
+  if (grid_->HasWideCell(row)) return kLackingRow;
   if (col < grid_->FixedCols()) return kFixedColumn;
   const auto band = grid_->Bands().find(row);
   if (band == grid_->Bands().end()) return {};

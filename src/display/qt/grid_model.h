@@ -30,6 +30,7 @@ class GridModel : public QAbstractTableModel {
 
  private:
   void find_figures();
+  QString heading(int col) const;
   QVariant background(int row, int col) const;
   Qt::Alignment alignment(int col) const;
 

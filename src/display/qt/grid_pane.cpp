@@ -27,7 +27,9 @@ GridPane::GridPane(DesktopSettings& settings, const QString& key, const QString&
       view_(new GridView(settings, key)),
       wanted_(new QLineEdit),
       result_(new QLabel),
-      bar_(make_find_bar()) {
+      bar_(make_find_bar()),
+      empty_words_(new QLabel(view_->viewport())),
+      note_(new QLabel) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(4);
@@ -35,6 +37,17 @@ GridPane::GridPane(DesktopSettings& settings, const QString& key, const QString&
     column->addWidget(new QLabel("<b>" + heading.toHtmlEscaped() + "</b>"));
   column->addWidget(view_, 1);
   column->addWidget(bar_);
+  column->addWidget(note_);
+  for (QLabel* words : {empty_words_, note_}) {
+    words->setTextFormat(Qt::PlainText);
+    words->setWordWrap(true);
+    words->hide();
+  }
+  note_->setObjectName("note");
+  empty_words_->setObjectName("emptyWords");
+  empty_words_->setAlignment(Qt::AlignCenter);
+  empty_words_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  view_->viewport()->installEventFilter(this);
   setFocusProxy(view_);
 
   auto* again = new QShortcut(QKeySequence::FindNext, this);
@@ -62,6 +75,22 @@ QWidget* GridPane::make_find_bar() {
   connect(next, &QToolButton::clicked, this, [this] { find(true); });
   bar->hide();
   return bar;
+}
+
+void GridPane::show_words(const Grid& grid) {
+  note_->setText(QString::fromStdString(grid.Note()));
+  note_->setVisible(!grid.Note().empty());
+  const bool empty = !grid.EmptyWords().empty() && grid.IsEmpty();
+  empty_words_->setText(QString::fromStdString(grid.EmptyWords()));
+  empty_words_->setVisible(empty);
+  QString spoken = note_->text();
+  if (empty) spoken = empty_words_->text();
+  view_->setAccessibleDescription(spoken);
+}
+
+bool GridPane::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Resize) empty_words_->setGeometry(view_->viewport()->rect());
+  return QWidget::eventFilter(watched, event);
 }
 
 void GridPane::open_find() {

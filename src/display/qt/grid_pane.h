@@ -18,12 +18,16 @@ class GridPane : public QWidget {
            QWidget* parent = nullptr);
 
   GridView& view() { return *view_; }
+  /// Shows what stands beside the cells: the line under the list, and the words in place of rows.
+  void show_words(const Grid& grid);
   /// Shows the find bar and puts the focus there.
   void open_find();
 
  protected:
   /// Escape in the find bar closes it.
   void keyPressEvent(QKeyEvent* event) override;
+  /// Keeps the words in the middle of the empty list.
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   QWidget* make_find_bar();
@@ -34,6 +38,8 @@ class GridPane : public QWidget {
   QLineEdit* wanted_;
   QLabel* result_;
   QWidget* bar_;
+  QLabel* empty_words_;
+  QLabel* note_;
 };
 
 }  // namespace tela

@@ -12,6 +12,7 @@
 #include "display/qt/look.h"
 #include "display/qt/main_frame.h"
 #include "display/qt/preview_window.h"
+#include "platform/report/noted_document.h"
 #include "shell/main_window.h"
 #include "shell/owner_login.h"
 #include "shell/report_window.h"
@@ -208,11 +209,26 @@ void QtDisplay::activated(QMdiSubWindow* window) {
   events_.run_quietly([&] { app_->windows.open(*app_, screen); });
 }
 
+namespace {
+
+// What the totals of the list lack, its report lacks as well.
+ReportWindow with_note(ReportWindow preview, const Screen& screen) {
+  std::string note;
+  for (const Control& control : screen.form().controls())
+    if (control.grid && note.empty()) note = control.grid->Note();
+  if (preview.document && !note.empty())
+    preview.document = std::make_shared<NotedDocument>(preview.document, note);
+  return preview;
+}
+
+}  // namespace
+
 void QtDisplay::preview_opened(const ReportWindow& preview) {
   preview_ =
       std::make_unique<PreviewWindow>(settings_, [this] { app_->windows.close_preview(*app_); });
   const Screen* screen = app_->windows.current();
-  preview_->show_report(preview, screen ? text(screen->caption()).trimmed() : QString());
+  const QString name = screen ? text(screen->caption()).trimmed() : QString();
+  preview_->show_report(screen ? with_note(preview, *screen) : preview, name);
   preview_->showMaximized();
 }
 

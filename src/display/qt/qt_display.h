@@ -47,6 +47,7 @@ class QtDisplay : public Display {
   void pointer(Pointer shape) override;
   void hint(const std::string& words) override;
   void progress(const std::string& work, int done, int total) override;
+  bool shows_notes() const override { return true; }
   void opened(Screen& screen) override;
   void front(Screen& screen) override;
   void closed(Screen& screen) override;

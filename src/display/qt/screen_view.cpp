@@ -155,13 +155,18 @@ void ScreenView::lay_out_report(QVBoxLayout& column) {
   }
 }
 
-// The buttons stand behind the second of two dates; null behind all other controls.
-QWidget* ScreenView::period_buttons_behind(const Control& control) {
-  if (control.kind != ControlKind::date) return nullptr;
+std::vector<DateField*> ScreenView::date_fields() const {
   std::vector<DateField*> dates;
   for (const Cell& cell : cells_)
     if (cell.field.kind == ControlKind::date)
       dates.push_back(static_cast<DateField*>(cell.field.input));
+  return dates;
+}
+
+// The buttons stand behind the second of two dates; null behind all other controls.
+QWidget* ScreenView::period_buttons_behind(const Control& control) {
+  if (control.kind != ControlKind::date) return nullptr;
+  const std::vector<DateField*> dates = date_fields();
   if (dates.size() != 2) return nullptr;
   const auto today = [this] { return screen_->today(); };
   return new PeriodButtons(*dates[0], *dates[1], today, *this);
@@ -222,6 +227,12 @@ void ScreenView::mirror() {
     cell.field.input->setEnabled(controls[i].enabled);
     cell.whole->setVisible(controls[i].visible);
   }
+  mark_reversed_dates();
+}
+
+void ScreenView::mark_reversed_dates() {
+  const std::vector<DateField*> dates = date_fields();
+  if (dates.size() == 2) dates[1]->mark_reversed(dates[1]->date() < dates[0]->date());
 }
 
 void ScreenView::focus_control(std::string_view control) {

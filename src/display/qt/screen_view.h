@@ -16,6 +16,7 @@
 
 namespace tela {
 
+class DateField;
 class GridPane;
 
 class ScreenView : public QWidget {
@@ -59,7 +60,10 @@ class ScreenView : public QWidget {
   void lay_out_report(QVBoxLayout& column);
   /// One input a line, the buttons in a row below.
   void lay_out_form(QVBoxLayout& column);
+  std::vector<DateField*> date_fields() const;
   QWidget* period_buttons_behind(const Control& control);
+  /// Marks the second of two dates where it lies before the first.
+  void mark_reversed_dates();
   void set_tab_order();
   void add_find_shortcut();
 

@@ -59,7 +59,9 @@ BillListReport::BillListReport(AppState& app, BillList list)
     : Screen(app, list.screen, list.caption, controls(list)),
       list_(std::move(list)),
       grid_(form(), columns(list_),
-            {.bands = RowBands{0, kColumns - 1}, .counted_by = list_.counted_by}) {
+            {.bands = RowBands{0, kColumns - 1},
+             .counted_by = list_.counted_by,
+             .whole_amounts = "MONTHLY CASH SALES REPORT and MONTHLY CREDIT SALES REPORT"}) {
   key_walk(list_.walk);
   for (std::size_t order = 0; order < list_.orders.size(); ++order)
     on_press(list_.orders[order].button, [this, order] { this->list(order); });
@@ -118,7 +120,8 @@ void BillListReport::show(std::size_t order) {
   grid_.clear();
   BillInputs inputs = take_inputs();
   if (list_.counters > 0) inputs.counter = take_counter(form());
-  Recordset& rs = OpenRs(app(), sql(list_, inputs, order));
+  const std::string statement = sql(list_, inputs, order);
+  Recordset& rs = OpenRs(app(), statement);
   if (list_.most_rows > 0 && rs.record_count() > list_.most_rows) {
     tell("Too Many Records - Please Select Minimum Period", Icon::information);
     return CloseRs(app());
@@ -126,6 +129,7 @@ void BillListReport::show(std::size_t order) {
   grid_.fill(app(), rs);
   write_labels(rs);
   CloseRs(app());
+  grid_.note_lacking(app(), statement);
   if (list_.range == BillRange::of_query) write_range(inputs, order);
   grid_.finish();
 }

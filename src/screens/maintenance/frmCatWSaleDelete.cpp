@@ -49,6 +49,7 @@ void frmCatWSaleDelete::view() {
     pass_over([&] {
       lines().fill(app(), OpenRs(app(), sql(inputs)));
       CloseRs(app());
+      lines().note_lacking(app(), sql(inputs));
     });
   lines().finish();
 }

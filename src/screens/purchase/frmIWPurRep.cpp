@@ -29,7 +29,7 @@ frmIWPurRep::frmIWPurRep(AppState& app)
                        button("cmdView", "&View"), button("cmdPrint", "Previe&w"),
                        button("cmdRefresh", "&Refresh"), button("cmdclose", "&Close        "),
                        grid("MSHF", 7), label("LTotal", "TOTAL PURCHASE").with_text("0.00"))),
-      grid_(form(), columns()) {
+      grid_(form(), columns(), {.whole_amounts = "Product Purchase Report"}) {
   key_walk({"DTP1", "DTP2"});
   on_key("DTP2", Key::enter, [this] { view(); });
   on_press("cmdView", [this] { view(); });
