@@ -231,6 +231,7 @@ void WayBack::commit() {
   require_open();
   publish();
   app_.Con->commit_trans();
+  app_.has_stored = true;
   open_ = false;
 }
 

@@ -49,6 +49,10 @@ struct AppState {
   std::unique_ptr<Recordset> Rs;    ///< the shared recordset, empty between uses
   std::unique_ptr<Recordset> Rs2;   ///< a second one, for screens that walk two results at once
 
+  // The action that runs now.
+  bool is_cancelled = false;  ///< by the user; what it does on its way out is not cancelled again
+  bool has_stored = false;    ///< a transaction of it is stored, so it is to be finished
+
   // The shop's identity, set by ConnectDatabase after a successful open.
   std::string ShopName;
   std::string ShopTitle;  ///< the report heading; not the same text as ShopName

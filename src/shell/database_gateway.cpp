@@ -23,12 +23,20 @@ void set_shop_identity(AppState& app) {
   app.ReportDir = "D:\\Tela_Supermarket\\Report";
 }
 
+// An action is cancelled once and as a whole: not on its way out, nor when part of it is stored.
+bool keeps_going(AppState& app, std::int64_t rows) {
+  if (app.is_cancelled || app.has_stored) return true;
+  app.is_cancelled = !app.display.keep_going(rows);
+  return !app.is_cancelled;
+}
+
 }  // namespace
 
 void ConnectDatabase(AppState& app) {
   guarded(
       [&] {
         app.Con = app.platform.make_connection();
+        app.Con->set_keep_going([&app](std::int64_t rows) { return keeps_going(app, rows); });
         app.Con->open(kConnectionString);
         app.Con->set_cursor_location(CursorLocation::client);
         set_shop_identity(app);

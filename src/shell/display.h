@@ -2,6 +2,7 @@
 // answers and records it.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -45,6 +46,9 @@ class Display {
   /// it.
   virtual void progress(const std::string& work, int done, int total) = 0;
 
+  /// Asked while a statement runs, many times a second, with the rows that it has given so far;
+  /// false cancels the action. A script never does.
+  virtual bool keep_going(std::int64_t /*rows*/) { return true; }
   /// Whether the notes of a list are shown (`Grid::Note`). A script does not tell them, and nothing
   /// is read for them then.
   virtual bool shows_notes() const { return false; }

@@ -29,10 +29,15 @@ void report(AppState& app, const std::string& reason) {
 }  // namespace
 
 void run_event(AppState& app, const std::function<void()>& event) {
+  app.is_cancelled = false;
+  app.has_stored = false;
   try {
     event();
   } catch (const UserActionError&) {
     throw;
+  } catch (const Cancelled&) {
+    clean_up(app);
+    app.display.hint("Cancelled with Esc. Nothing has been stored.");
   } catch (const std::bad_alloc&) {
     report(app, "There is not enough memory.");
   } catch (const std::exception& failure) {

@@ -32,6 +32,7 @@ void pass_over(Body&& body) {
 
 /// Runs one event to its end. A failure that nothing caught ends the action: what it had open is
 /// rolled back, the user is told in a box titled with the shop's name, and the program goes on.
+/// An action that the user cancelled ends the same way, with a hint in place of the box.
 /// UserActionError alone goes on up to whoever drives the screen.
 void run_event(AppState& app, const std::function<void()>& event);
 

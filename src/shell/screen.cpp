@@ -52,6 +52,7 @@ void Screen::raise(const Control& control, Event event) {
 
 void Screen::run(const std::function<void()>& event) {
   run_event(app_, event);
+  if (app_.is_cancelled) say_in_lists("Cancelled with Esc.");
   app_.windows.destroy_closed();
 }
 

@@ -126,6 +126,8 @@ class Screen {
   void raise(const Control& control, Event event);
   Control& usable(std::string_view control);
   void run(const std::function<void()>& event);
+  /// The words that the screen's lists show while they have no rows.
+  void say_in_lists(const std::string& words);
   void take_input(Control& control, std::string_view text);
 
   AppState& app_;

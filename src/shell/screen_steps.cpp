@@ -33,9 +33,13 @@ void Screen::focus(std::string_view control) {
   app_.display.focus(*this, form_.at(control).name);
 }
 
-void Screen::tell(const std::string& text, Icon icon) {
+void Screen::say_in_lists(const std::string& words) {
   for (const Control& control : form_.controls())
-    if (control.grid) control.grid->SetEmptyWords(text);
+    if (control.grid) control.grid->SetEmptyWords(words);
+}
+
+void Screen::tell(const std::string& text, Icon icon) {
+  say_in_lists(text);
   app_.display.message({text, icon, Buttons::ok, app_.ShopName});
 }
 

@@ -1,6 +1,7 @@
 #include "display_qt/desktop_fixture.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -28,7 +29,10 @@ class FakeConnection : public Connection {
   void rollback_trans() override { in_transaction_ = false; }
   bool in_transaction() const override { return in_transaction_; }
 
+  void set_keep_going(KeepGoing keep_going) override { keep_going_ = std::move(keep_going); }
+
   RowSet execute(std::string_view sql) override {
+    if (shop_.is_slow && sql.find("salestemp where billdate") != sql.npos) wait_for_cancel();
     RowSet rows;
     rows.fields.resize(30);
     rows.rows.resize(1);  // one row of nulls, where nothing else is known
@@ -43,6 +47,13 @@ class FakeConnection : public Connection {
   }
 
  private:
+  void wait_for_cancel() const {
+    QElapsedTimer clock;
+    clock.start();
+    while (clock.elapsed() < 5000)
+      if (!keep_going_(1234)) throw Cancelled();
+  }
+
   static std::vector<std::vector<Value>> months() {
     return {{"January", std::int64_t{1}, std::int64_t{2024}, 100000.0},
             {"February", std::int64_t{2}, std::int64_t{2024}, 200000.0},
@@ -63,6 +74,7 @@ class FakeConnection : public Connection {
   }
 
   const Shop& shop_;
+  KeepGoing keep_going_;
   bool in_transaction_ = false;
 };
 

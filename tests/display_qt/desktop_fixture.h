@@ -29,7 +29,8 @@ namespace tela::testing {
 /// What the catalogue behind the test answers.
 struct Shop {
   bool reachable = true;
-  int bills = 3;  ///< bills 1 to this number, each over its number in rupees, paid in cash
+  int bills = 3;         ///< bills 1 to this number, each over its number in rupees, paid in cash
+  bool is_slow = false;  ///< the bills come when nobody waits for them any more
   bool is_second_huge = false;  ///< bill 2 comes to 250000 rupees, which no text of 8 places holds
 };
 

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QStatusBar>
 
 #include "display/qt/date_field.h"
 #include "display/qt/grid_pane.h"
@@ -248,6 +249,37 @@ TEST(ReportScreen, AnEmptyListSaysWhyAndKeepsItsHeadings) {
   press_view();
   EXPECT_FALSE(words.isVisible());
   EXPECT_EQ(last.accessibleDescription(), "");
+}
+
+TEST(ReportScreen, LongWorkTellsHowFarItIsAndEndsWithEscape) {
+  Desktop desktop;
+  ScreenView& view = list_bills(desktop);
+  desktop.shop.is_slow = true;
+  QString seen;
+  QStatusBar& line = *desktop.frame().statusBar();
+  auto& counted = child<QLineEdit>(view, "tCounter");
+  counted.setReadOnly(false);
+  QTimer::singleShot(700, &view, [&] {
+    seen = line.currentMessage();
+    EXPECT_FALSE(desktop.frame().close());
+    QTest::keyClick(&counted, Qt::Key_9);  // waits
+    EXPECT_NE(counted.text(), "9");
+    QTest::keyClick(&counted, Qt::Key_Escape);
+  });
+  QElapsedTimer clock;
+  clock.start();
+  QTest::mouseClick(&child<QPushButton>(view, "cmdView"), Qt::LeftButton);
+  EXPECT_LT(clock.elapsed(), 3000);
+  EXPECT_EQ(seen, "Reading for 0 s, 1234 rows.   Esc cancels.");
+  EXPECT_EQ(line.currentMessage(), "Cancelled with Esc. Nothing has been stored.");
+  EXPECT_EQ(child<QLabel>(view, "emptyWords").text(), "Cancelled with Esc.");
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+  EXPECT_EQ(desktop.view("frmDailyS_R"), &view);
+  EXPECT_FALSE(desktop.ended);
+
+  desktop.shop.is_slow = false;
+  QTest::mouseClick(&child<QPushButton>(view, "cmdView"), Qt::LeftButton);
+  EXPECT_EQ(grid(view).model()->rowCount(), 3);
 }
 
 TEST(ReportScreen, RefusesMoreRowsThanAGridHolds) {

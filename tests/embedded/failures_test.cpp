@@ -173,5 +173,33 @@ TEST(FailuresTest, AFullDiskLeavesTheLastCommit) {
   EXPECT_THAT(EmbeddedCatalogue(shop.file).integrity_check(), ::testing::IsEmpty());
 }
 
+TEST(FailuresTest, ACancelledStatementChangesNothingAndTheConnectionLivesOn) {
+  const Shop shop;
+  const auto connection = shop.connect();
+  connection->begin_trans();
+  add_bills(*connection, 0, 400);
+  connection->commit_trans();
+  const std::string crowd = "(select count(*) from Sales a,Sales b,Sales c)";
+  int asked = 0;
+  connection->set_keep_going([&](std::int64_t) { return ++asked < 5; });
+  const auto cancels = [&](const std::string& sql) {
+    asked = 0;
+    EXPECT_THROW(connection->execute(sql), Cancelled) << sql;
+    EXPECT_EQ(asked, 5) << sql;
+  };
+  cancels("select count(*) from Sales a,Sales b,Sales c");
+  cancels("update Sales set Qty=" + crowd);
+  cancels("insert into Sales select BillNo,BillDate,BillTime,iName,Qty+" + crowd + " from Sales");
+  connection->begin_trans();
+  asked = -1000;
+  connection->execute("delete from Sales where BillNo<100");
+  cancels("update Sales set Qty=" + crowd);
+  asked = 5;  // the way out is not cancelled
+  connection->rollback_trans();
+  connection->set_keep_going({});
+  EXPECT_EQ(connection->execute("select count(*),max(Qty) from Sales").rows,
+            (std::vector<std::vector<Value>>{{std::int64_t{400}, 1.0}}));
+}
+
 }  // namespace
 }  // namespace tela::testing

@@ -16,6 +16,7 @@
 namespace tela::testing {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::Not;
@@ -125,6 +126,23 @@ TEST_F(ServerFailures, CommandThatOutlastsItsTimeOutIsStopped) {
   const DatabaseError error = failure_of_statement("slow");
   EXPECT_EQ(error.kind(), Kind::busy);
   EXPECT_THAT(error.what(), HasSubstr("took longer than its time-out"));
+  EXPECT_NO_THROW(connection_->execute("the connection lives on"));
+}
+
+TEST_F(ServerFailures, CancelledCommandIsStoppedAndItsTransactionCanBeRolledBack) {
+  server_.on("slow", Reply::only(Reply::Ending::busy));
+  connection_->set_command_timeout(std::chrono::seconds(30));
+  connection_->begin_trans();
+  connection_->execute("Delete from SalesPrint");
+  int asked = 0;
+  connection_->set_keep_going([&](std::int64_t) { return ++asked < 4; });
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_THROW(connection_->execute("slow"), Cancelled);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+  connection_->set_keep_going({});
+  EXPECT_NO_THROW(connection_->rollback_trans());
+  EXPECT_EQ(server_.received().back(), "roll back");
+  EXPECT_THAT(server_.received(), Not(Contains("commit")));
   EXPECT_NO_THROW(connection_->execute("the connection lives on"));
 }
 

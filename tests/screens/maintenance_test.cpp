@@ -171,6 +171,27 @@ TEST_F(DeleteBills, AFailureIsToldAndUndoesAll) {
   EXPECT_FALSE(shop_.state().Con->in_transaction());
 }
 
+TEST_F(DeleteBills, CancelledAtAnyQuestionLeavesAllAsItWas) {
+  shop_.run("login KESTR KESTR472");
+  AppState& app = shop_.state();
+  const auto before = shop_.stored();
+  int questions = 0;
+  for (int allowed = 0; questions >= allowed; ++allowed) {
+    questions = 0;
+    app.Con->set_keep_going([&](std::int64_t) { return ++questions <= allowed; });
+    const auto texts = told("answer ok\nopen StartDeleteBills");
+    app.Con->set_keep_going({});
+    if (questions <= allowed) {
+      EXPECT_THAT(texts, Contains("ALL BILLS ARE DELETED"));
+      break;
+    }
+    EXPECT_THAT(texts, ElementsAre(kQuestion)) << allowed;
+    EXPECT_EQ(changed_tables(before, shop_.stored()), std::vector<std::string>()) << allowed;
+    EXPECT_FALSE(app.Con->in_transaction());
+  }
+  EXPECT_GT(questions, 10);  // one for each statement, at the least
+}
+
 TEST_F(DeleteBills, IsNotOfferedByTheMenu) {
   shop_.run("open frmPoints");
   EXPECT_THAT(shop_.run("menu StartDeleteBills"), ElementsAre(HasSubstr("switched off")));

@@ -67,7 +67,7 @@ class PointerPause {
 }  // namespace
 
 QtDisplay::QtDisplay(DesktopSettings& settings, DesktopHooks hooks)
-    : settings_(settings), hooks_(std::move(hooks)), events_([this] { mirror(); }) {
+    : settings_(settings), hooks_(std::move(hooks)), events_([this] { end_event(); }) {
   set_text_size(settings_.text_percent());
 }
 
@@ -127,6 +127,16 @@ void QtDisplay::progress(const std::string& work, int done, int total) {
   main_->statusBar()->showMessage(
       QStringLiteral("%1: %2 %").arg(text(work)).arg(100LL * done / total), 5 * kPause);
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+bool QtDisplay::keep_going(std::int64_t rows) {
+  if (!main_ || !events_.running()) return true;
+  return work_.keep_going(events_.elapsed(), rows, *main_->statusBar());
+}
+
+void QtDisplay::end_event() {
+  if (main_) work_.end(*main_->statusBar());
+  mirror();
 }
 
 void QtDisplay::opened(Screen& screen) {

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "display/qt/desktop_settings.h"
+#include "display/qt/long_work.h"
 #include "display/qt/user_events.h"
 #include "shell/app_state.h"
 #include "shell/display.h"
@@ -47,6 +48,7 @@ class QtDisplay : public Display {
   void pointer(Pointer shape) override;
   void hint(const std::string& words) override;
   void progress(const std::string& work, int done, int total) override;
+  bool keep_going(std::int64_t rows) override;
   bool shows_notes() const override { return true; }
   void opened(Screen& screen) override;
   void front(Screen& screen) override;
@@ -66,6 +68,8 @@ class QtDisplay : public Display {
   void open_main(MainWindow& main);
   void open_child(Screen& screen);
   ScreenView* view_of(const Screen& screen) const;
+  /// An event of the user has ended.
+  void end_event();
   /// Lets every window show what the logic holds.
   void mirror();
   /// The user has brought a report screen to the front.
@@ -80,6 +84,7 @@ class QtDisplay : public Display {
   std::unique_ptr<MainFrame> main_;
   std::unique_ptr<PreviewWindow> preview_;
   QElapsedTimer last_progress_;
+  LongWork work_;
   std::map<std::string, ChildFrame*> children_;  // by the screen's name; the frame's area owns them
 };
 

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QShortcut>
 #include <QTimer>
 #include <algorithm>
@@ -367,13 +368,11 @@ void ScreenView::focus_gained(const ScreenField& field, Qt::FocusReason reason) 
 }
 
 void ScreenView::focus_lost(const ScreenField& field) {
-  const auto leave = [this, name = field.name] {
-    send_quietly([&](Screen& screen) { screen.leave(name); });
-  };
   commit(field);
-  if (!events_.running()) return leave();
-  // The screen itself moved the focus: its event ends before the next one begins.
-  QMetaObject::invokeMethod(this, leave, Qt::QueuedConnection);
+  // Where the screen itself moved the focus, its event ends before the next one begins.
+  events_.run_afterwards([view = QPointer(this), name = field.name] {
+    if (view && view->screen_) view->screen_->leave(name);
+  });
 }
 
 }  // namespace tela

@@ -2,7 +2,10 @@
 // end the same way: the windows show what the logic holds, and a closed window is gone.
 #pragma once
 
+#include <QElapsedTimer>
+#include <cstdint>
 #include <functional>
+#include <vector>
 
 namespace tela {
 
@@ -18,11 +21,18 @@ class UserEvents {
   /// The same for a keystroke, without a pointer that flickers.
   void run_quietly(const std::function<void()>& event);
 
+  /// Runs an event as soon as the one that is running has ended, or at once.
+  void run_afterwards(const std::function<void()>& event);
+
   bool running() const { return running_; }
+  /// For how long the event is running, in milliseconds.
+  std::int64_t elapsed() const { return clock_.elapsed(); }
 
  private:
   std::function<void()> finished_;
   bool running_ = false;
+  QElapsedTimer clock_;
+  std::vector<std::function<void()>> afterwards_;
 };
 
 }  // namespace tela

@@ -25,6 +25,7 @@ class CatalogueConnection : public Connection {
       throw DatabaseError(Kind::connection, "The connection string names no catalogue.");
     auto engine = choose_engine(catalogue);
     if (timeout_) engine->set_command_timeout(*timeout_);
+    if (keep_going_) engine->set_keep_going(keep_going_);
     engine->open(connection_string);
     if (location_) engine->set_cursor_location(*location_);
     engine_ = std::move(engine);
@@ -38,6 +39,11 @@ class CatalogueConnection : public Connection {
   void set_command_timeout(std::chrono::seconds timeout) override {
     timeout_ = timeout;
     if (engine_) engine_->set_command_timeout(timeout);
+  }
+
+  void set_keep_going(KeepGoing keep_going) override {
+    keep_going_ = std::move(keep_going);
+    if (engine_) engine_->set_keep_going(keep_going_);
   }
 
   RowSet execute(std::string_view sql) override { return opened().execute(sql); }
@@ -65,6 +71,7 @@ class CatalogueConnection : public Connection {
   std::unique_ptr<Connection> engine_;
   std::optional<std::chrono::seconds> timeout_;
   std::optional<CursorLocation> location_;
+  KeepGoing keep_going_;
 };
 
 }  // namespace

@@ -72,6 +72,17 @@ class DatabaseError : public std::runtime_error {
   int native_code_;
 };
 
+/// The user has ended a statement. It is no failure, and what passes over failures does not pass
+/// over it: the whole action ends.
+class Cancelled : public std::exception {
+ public:
+  const char* what() const noexcept override { return "The work was cancelled."; }
+};
+
+/// Asked again and again while a statement runs, on the thread that runs it, with the rows that it
+/// has given so far. False ends it. It must not throw, and run nothing on the connection.
+using KeepGoing = std::function<bool(std::int64_t rows)>;
+
 /// Where a connection keeps the rows of a query.
 enum class CursorLocation { server, client };
 
@@ -89,6 +100,11 @@ class Connection {
 
   /// How long a statement may take, waiting for other programs included. The default is 30 seconds.
   virtual void set_command_timeout(std::chrono::seconds timeout) = 0;
+
+  /// Has `keep_going` asked by every statement from now on. One that it ends throws Cancelled and
+  /// leaves the catalogue as it was ahead of it. A connection without a way of its own asks
+  /// nothing.
+  virtual void set_keep_going(KeepGoing /*keep_going*/) {}
 
   /// Runs one T-SQL statement and returns its rows, if it has any.
   virtual RowSet execute(std::string_view sql) = 0;

@@ -135,6 +135,7 @@ void EmbeddedSession::open(std::string_view) {
   require_catalogue_file(file_);
   auto opening = std::make_unique<OpenFile>(file_);
   opening->clock.start(timeout_);
+  opening->clock.set_keep_going(keep_going_);
   embedded::Database& database = opening->database;
   // A quoted name that is no column must not turn into a text.
   sqlite3_db_config(database.handle(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
@@ -179,6 +180,11 @@ void EmbeddedSession::set_command_timeout(std::chrono::seconds timeout) {
   timeout_ = timeout;
 }
 
+void EmbeddedSession::set_keep_going(KeepGoing keep_going) {
+  keep_going_ = std::move(keep_going);
+  if (open_) open_->clock.set_keep_going(keep_going_);
+}
+
 RowSet EmbeddedSession::execute(std::string_view sql) {
   RowSet rows;
   rows.fields = attempt(sql, [&](std::span<const Field>, std::vector<Value>& row) {
@@ -189,7 +195,7 @@ RowSet EmbeddedSession::execute(std::string_view sql) {
 
 void EmbeddedSession::read_each(std::string_view sql, const RowVisitor& visit) {
   attempt(sql, [&](std::span<const Field> fields, std::vector<Value>& row) {
-    open_->clock.start(std::chrono::seconds(0));
+    open_->clock.wait_without_end();
     visit(fields, row);
   });
 }
@@ -198,6 +204,7 @@ std::vector<Field> EmbeddedSession::attempt(std::string_view sql, const RowTaker
   OpenFile& file = opened();
   file.transaction.require_standing();
   file.clock.start(timeout_);
+  if (!file.clock.keeps_going()) throw Cancelled();
   try {
     std::vector<Field> fields = run(sql, take);
     if (!file.transaction.is_open()) checkpoint_if_due();
@@ -206,6 +213,7 @@ std::vector<Field> EmbeddedSession::attempt(std::string_view sql, const RowTaker
     throw as_database_error(error);
   } catch (const DatabaseError& error) {
     note_failure(error);
+    if (file.clock.is_cancelled()) throw Cancelled();
     throw;
   }
 }
@@ -262,6 +270,7 @@ std::vector<Field> EmbeddedSession::select(CachedStatement& statement,
     row.reserve(compiled.columns.size());
     for (std::size_t i = 0; i < compiled.columns.size(); ++i)
       row.push_back(embedded::read_value(query, static_cast<int>(i), compiled.columns[i].type));
+    open_->clock.count_row();
     take(fields, row);
   }
   return fields;
@@ -326,12 +335,14 @@ void EmbeddedSession::begin_trans() {
 
 void EmbeddedSession::commit_trans() {
   opened().clock.start(timeout_);
+  open_->clock.ask_nobody();
   open_->transaction.commit();
   checkpoint_if_due();
 }
 
 void EmbeddedSession::rollback_trans() {
   opened().clock.start(timeout_);
+  open_->clock.ask_nobody();
   open_->transaction.rollback();
   // A table that the transaction created is gone, one that it dropped is back.
   open_->cache.clear();

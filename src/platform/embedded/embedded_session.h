@@ -30,6 +30,7 @@ class EmbeddedSession : public Connection {
   void open(std::string_view connection_string) override;
   void set_cursor_location(CursorLocation) override {}
   void set_command_timeout(std::chrono::seconds timeout) override;
+  void set_keep_going(KeepGoing keep_going) override;
   RowSet execute(std::string_view sql) override;
   void read_each(std::string_view sql, const RowVisitor& visit) override;
   void begin_trans() override;
@@ -84,6 +85,7 @@ class EmbeddedSession : public Connection {
 
   std::filesystem::path file_;
   std::chrono::seconds timeout_{30};
+  KeepGoing keep_going_;
   std::unique_ptr<OpenFile> open_;
 };
 

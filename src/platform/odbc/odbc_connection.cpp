@@ -29,6 +29,7 @@ class OdbcConnection final : public Connection {
   void open(std::string_view connection_string) override;
   void set_cursor_location(CursorLocation /*location*/) override {}
   void set_command_timeout(std::chrono::seconds timeout) override { timeout_ = timeout; }
+  void set_keep_going(KeepGoing keep_going) override;
   RowSet execute(std::string_view sql) override;
   void read_each(std::string_view sql, const RowVisitor& visit) override;
   void begin_trans() override;
@@ -52,6 +53,7 @@ class OdbcConnection final : public Connection {
   std::string catalogue_;
   DriverText form_;
   std::chrono::seconds timeout_ = kDefaultTimeout;
+  KeepGoing keep_going_;
   std::unique_ptr<odbc::Session> session_;
   bool lost_ = false;
   Transaction transaction_ = Transaction::none;
@@ -68,7 +70,13 @@ void OdbcConnection::open(std::string_view connection_string) {
 
 void OdbcConnection::connect() {
   session_ = std::make_unique<odbc::Session>(odbc::with_catalogue(text_, catalogue_), form_);
+  session_->set_keep_going(keep_going_);
   lost_ = false;
+}
+
+void OdbcConnection::set_keep_going(KeepGoing keep_going) {
+  keep_going_ = std::move(keep_going);
+  if (session_) session_->set_keep_going(keep_going_);
 }
 
 /// A lost connection is made anew by the next statement, so that one action fails and not the day.

@@ -1,6 +1,7 @@
 #include "platform/odbc/session.h"
 
 #include <cstdint>
+#include <future>
 #include <optional>
 #include <utility>
 
@@ -11,6 +12,10 @@ namespace {
 
 /// A server that does not answer the login within this is not there.
 constexpr std::chrono::seconds kLoginTimeout{15};
+
+/// Between two questions whether a statement goes on.
+constexpr std::chrono::milliseconds kAskEvery{20};
+constexpr std::int64_t kRowsPerQuestion = 256;
 
 /// ODBC passes small numbers where a pointer is declared.
 SQLPOINTER as_pointer(std::intptr_t number) {
@@ -97,7 +102,7 @@ void Session::run_batch(std::string_view sql, std::chrono::seconds timeout,
   const StatementHandle statement(connection_.get());
   if (!statement) fail(SQL_HANDLE_DBC, connection_.get(), false);
   prepare_statement(statement.get(), timeout);
-  SQLRETURN result = execute_direct(statement.get(), sql, form_);
+  SQLRETURN result = execute_asking(statement.get(), sql);
   do {
     if (!went_well(result)) fail(SQL_HANDLE_STMT, statement.get(), false);
     const std::vector<Column> columns = describe_columns(statement.get(), form_);
@@ -106,16 +111,37 @@ void Session::run_batch(std::string_view sql, std::chrono::seconds timeout,
   } while (result != SQL_NO_DATA);
 }
 
+SQLRETURN Session::execute_asking(SQLHSTMT statement, std::string_view sql) {
+  if (!keep_going_) return execute_direct(statement, sql, form_);
+  if (!keep_going_(0)) throw Cancelled();
+  auto running =
+      std::async(std::launch::async, [&] { return execute_direct(statement, sql, form_); });
+  bool cancelled = false;
+  while (running.wait_for(kAskEvery) != std::future_status::ready) {
+    if (cancelled || keep_going_(0)) continue;
+    cancelled = true;
+    SQLCancel(statement);
+  }
+  const SQLRETURN result = running.get();
+  // A change that was through before the server heard of it stands, and is no cancelled one.
+  SQLSMALLINT columns = 0;
+  if (cancelled && went_well(result)) SQLNumResultCols(statement, &columns);
+  if (cancelled && (!went_well(result) || columns > 0)) throw Cancelled();
+  return result;
+}
+
 void Session::fetch_rows(const StatementHandle& statement, const std::vector<Column>& columns,
                          const RowTaker& take) const {
   SQLRETURN result = SQL_SUCCESS;
   std::vector<Value> row;
+  std::int64_t rows = 0;
   while (SQL_SUCCEEDED(result = SQLFetch(statement.get()))) {
     row.resize(columns.size());
     for (std::size_t i = 0; i < columns.size(); ++i)
       if (!read_value(statement.get(), static_cast<SQLUSMALLINT>(i + 1), columns[i], form_, row[i]))
         fail(SQL_HANDLE_STMT, statement.get(), false);
     take(row);
+    if (++rows % kRowsPerQuestion == 0 && keep_going_ && !keep_going_(rows)) throw Cancelled();
   }
   if (result != SQL_NO_DATA) fail(SQL_HANDLE_STMT, statement.get(), false);
 }

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/database/database_client.h"
@@ -31,6 +32,9 @@ class Session {
   /// Runs one batch unchanged and hands the rows of its results to `visit` as they come.
   void read_each(std::string_view sql, std::chrono::seconds timeout, const RowVisitor& visit);
 
+  /// Who is asked while a statement runs; one that is ended throws Cancelled.
+  void set_keep_going(KeepGoing keep_going) { keep_going_ = std::move(keep_going); }
+
   void begin();
   void commit();
   void roll_back();
@@ -47,10 +51,14 @@ class Session {
   void end_transaction(SQLSMALLINT how);
   /// Runs a batch to its end; each of its results that has rows goes to `take` while it is open.
   void run_batch(std::string_view sql, std::chrono::seconds timeout, const ResultTaker& take);
+  /// Runs the statement up to its first result, and asks meanwhile. Only the driver's call is on a
+  /// thread of its own.
+  SQLRETURN execute_asking(SQLHSTMT statement, std::string_view sql);
   void fetch_rows(const StatementHandle& statement, const std::vector<Column>& columns,
                   const RowTaker& take) const;
 
   DriverText form_;
+  KeepGoing keep_going_;
   PasswordScrubber passwords_;
   EnvironmentHandle environment_;
   ConnectionHandle connection_;
