@@ -31,6 +31,11 @@ Control Control::numeric() && {
   return std::move(*this);
 }
 
+Control Control::hinted(std::string words) && {
+  hint = std::move(words);
+  return std::move(*this);
+}
+
 Control Control::selected_on_focus() && {
   select_on_focus = true;
   return std::move(*this);

@@ -43,6 +43,8 @@ struct Control {
 
   /// Neighbours of one group stand together in a frame that bears its title; empty: no frame.
   std::string group = {};
+  /// What a window says about it on demand.
+  std::string hint = {};
 
   bool enabled = true;
   bool visible = true;
@@ -54,6 +56,7 @@ struct Control {
   Control with_text(std::string value) &&;
   Control numeric() &&;
   Control selected_on_focus() &&;
+  Control hinted(std::string words) &&;
 };
 
 Control date_picker(std::string name, std::string label);

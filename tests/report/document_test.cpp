@@ -205,6 +205,19 @@ TEST(ReportDocument, CsvHoldsAllRowsAndQuotesWhereNeeded) {
             "\"O'Neil\nTea\",,,12345678.9\r\n");
 }
 
+TEST(ReportDocument, CsvHeadsTheColumnsAsTheReportDoes) {
+  RowSet rows{
+      {{"FromDate", FieldType::text}, {"iName", FieldType::text}, {"Qty", FieldType::number}},
+      {{"x", "Oil", 2.0}}};
+  const auto document = document_from(
+      "table T\ncolumns 6 5\ncolumn Qty 20 right \"Quantity\"\n"
+      "column iName rest left \"Item Name\"",
+      rows);
+  std::ostringstream csv;
+  document.write_csv(csv);
+  EXPECT_EQ(csv.str(), "FromDate,Item Name,Quantity\r\nx,Oil,2\r\n");
+}
+
 TEST(ReportSearch, GoesOnAfterEachHitAndRoundTheEnd) {
   RowSet rows = bills(25);
   rows.rows[3][0] = std::string("Green Tea");

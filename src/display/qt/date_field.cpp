@@ -41,8 +41,10 @@ QDate to_qt(const Date& date) {
 
 DateField::DateField(std::function<Date()> today, QWidget* parent)
     : QLineEdit(parent), today_(std::move(today)) {
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   setToolTip(typing_help());
   QAction* calendar = addAction(drawn_icon("calendar"), QLineEdit::TrailingPosition);
+  calendar->setText(tr("Calendar"));
   calendar->setToolTip(tr("Calendar (F4)"));
   connect(calendar, &QAction::triggered, this, &DateField::open_calendar);
   connect(this, &QLineEdit::textEdited, this, [this] {
@@ -50,6 +52,11 @@ DateField::DateField(std::function<Date()> today, QWidget* parent)
     starts_anew_ = false;
     mark(false);
   });
+}
+
+QSize DateField::sizeHint() const {
+  constexpr int kCharacters = 17;
+  return {kCharacters * fontMetrics().averageCharWidth(), QLineEdit::sizeHint().height()};
 }
 
 void DateField::set_date(QDate date) {

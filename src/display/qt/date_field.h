@@ -37,6 +37,10 @@ class DateField : public QLineEdit {
   /// Reads what was typed. False, with the mark and `refused`, if it is no date.
   bool settle();
 
+  /// As wide as a date and the calendar's button.
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
  signals:
   void date_changed(QDate date);
   /// What is in the field is no date; `words` say so.

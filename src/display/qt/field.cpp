@@ -28,7 +28,6 @@ constexpr int kBoxCharacters = 14;
 constexpr int kResultCharacters = 10;
 constexpr int kScratchCharacters = 4;  // a box for typing without a caption
 constexpr int kComboCharacters = 18;
-constexpr int kDateCharacters = 17;  // with the calendar
 
 int character_width(const QWidget& widget) {
   return widget.fontMetrics().averageCharWidth();
@@ -36,7 +35,6 @@ int character_width(const QWidget& widget) {
 
 ScreenField make_date(const FieldActions& actions) {
   auto* field = new DateField(actions.today);
-  field->setFixedWidth(kDateCharacters * character_width(*field));
   QObject::connect(field, &DateField::date_changed, field,
                    [set = actions.set](QDate date) { set(date.toString(kDateFormat)); });
   QObject::connect(field, &DateField::refused, field, actions.hint);
@@ -71,6 +69,10 @@ ScreenField make_combo(const FieldActions& actions) {
     return true;
   };
   return {{}, {}, box, mirror, [box] { return box->currentText(); }, settle};
+}
+
+QString spoken_caption(const Control& control) {
+  return QString::fromStdString(plain_words(control.caption)).trimmed();
 }
 
 // A box that is as wide as the text that it is made for. What the program writes is seen from its
@@ -147,6 +149,8 @@ ScreenField make_label() {
   label->setFont(font);
   const auto mirror = [label](const Control& control) {
     label->setText(QString::fromStdString(control.text));
+    // A reader of the screen takes the name for all of a label.
+    label->setAccessibleName(spoken_caption(control) + ": " + label->text());
   };
   return {{}, {}, label, mirror, {}};
 }
@@ -246,11 +250,18 @@ ScreenField make_widget(const Control& control, const FieldActions& actions,
 
 // What a reader of the screen says: the caption, or what kind of thing has none.
 QString spoken_name(const Control& control) {
-  QString caption = QString::fromStdString(plain_words(control.caption)).trimmed();
+  const QString caption = spoken_caption(control);
   if (!caption.isEmpty()) return caption;
-  if (control.kind == ControlKind::grid || control.kind == ControlKind::list)
-    return QCoreApplication::translate("Field", "list");
-  return QString::fromStdString(control.name);
+  switch (control.kind) {
+    case ControlKind::grid:
+    case ControlKind::list:
+      return QCoreApplication::translate("Field", "list");
+    case ControlKind::chart:
+      return QCoreApplication::translate("Field", "chart");
+    default:
+      return control.locked ? QCoreApplication::translate("Field", "result")
+                            : QCoreApplication::translate("Field", "entry");
+  }
 }
 
 }  // namespace
@@ -266,7 +277,14 @@ ScreenField make_field(const Control& control, const FieldActions& actions,
   field.name = control.name;
   field.kind = control.kind;
   field.input->setObjectName(QString::fromStdString(control.name));
+  if (!control.hint.empty()) {
+    field.input->setToolTip(QString::fromStdString(control.hint));
+    field.input->setAccessibleDescription(QString::fromStdString(control.hint));
+  }
   if (field.input->accessibleName().isEmpty()) field.input->setAccessibleName(spoken_name(control));
+  // A list has the focus in place of what stands around it.
+  if (QWidget* focused = field.input->focusProxy())
+    focused->setAccessibleName(field.input->accessibleName());
   return field;
 }
 

@@ -15,6 +15,7 @@ QToolButton* tool_button(Qt::ArrowType arrow, const QString& tip) {
   auto* button = new QToolButton;
   button->setArrowType(arrow);
   button->setToolTip(tip);
+  button->setAccessibleName(tip);
   button->setAutoRaise(true);
   return button;
 }
@@ -61,6 +62,7 @@ QWidget* GridPane::make_find_bar() {
   row->setContentsMargins(0, 0, 0, 0);
   wanted_->setObjectName("find");
   wanted_->setPlaceholderText(tr("Find in the list"));
+  wanted_->setAccessibleName(tr("Find in the list"));
   wanted_->setClearButtonEnabled(true);
   wanted_->setMaximumWidth(280);
   QToolButton* previous = tool_button(Qt::UpArrow, tr("Previous"));

@@ -25,7 +25,8 @@ const QColor kInk(28, 43, 51);
 const QColor kPaper(255, 255, 255);
 const QColor kFace(238, 244, 247);
 const QColor kAccent(31, 111, 139);
-const QColor kFaint(140, 155, 163);
+const QColor kFaint(140, 155, 163);  // of what is switched off
+const QColor kSmallPrint(90, 104, 112);
 const QColor kWrong(255, 217, 209);
 
 QPalette palette() {
@@ -39,7 +40,7 @@ QPalette palette() {
   colours.setColor(QPalette::HighlightedText, kPaper);
   colours.setColor(QPalette::ToolTipBase, kPaper);
   colours.setColor(QPalette::ToolTipText, kInk);
-  colours.setColor(QPalette::PlaceholderText, kFaint);
+  colours.setColor(QPalette::PlaceholderText, kSmallPrint);
   for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
     colours.setColor(QPalette::Disabled, role, kFaint);
   return colours;

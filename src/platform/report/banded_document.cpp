@@ -39,6 +39,33 @@ ReportPage BandedDocument::page(int number) const {
   return composer.take();
 }
 
+namespace {
+
+// The column that a cell shows, if that is all that it shows.
+const TextPiece* shown_column(const Cell& cell) {
+  const bool one = cell.text.size() == 1 && cell.text[0].kind == TextPiece::Kind::column;
+  return one ? &cell.text[0] : nullptr;
+}
+
+}  // namespace
+
+// A heading stands where its column stands; what the report does not show keeps the query's name.
+std::vector<std::string> BandedDocument::csv_headings() const {
+  std::vector<std::string> headings;
+  for (const Field& field : data_.rows().fields) headings.push_back(field.name);
+  for (const Row& head : layout_.column_header.rows)
+    for (const Cell& heading : head.cells)
+      for (const Row& row : layout_.detail.rows)
+        for (const Cell& cell : row.cells) {
+          const TextPiece* column = shown_column(cell);
+          const bool is_plain =
+              heading.text.size() == 1 && heading.text[0].kind == TextPiece::Kind::literal;
+          if (column && is_plain && cell.x == heading.x && !heading.text[0].name.empty())
+            headings[column->column] = heading.text[0].name;
+        }
+  return headings;
+}
+
 void BandedDocument::write_csv(std::ostream& out) const {
   std::string line;
   const auto write_line = [&](const auto& items, const auto& append) {
@@ -49,7 +76,7 @@ void BandedDocument::write_csv(std::ostream& out) const {
     }
     out << line << "\r\n";
   };
-  write_line(data_.rows().fields, [&](const Field& field) { append_csv_text(line, field.name); });
+  write_line(csv_headings(), [&](const std::string& heading) { append_csv_text(line, heading); });
   for (const auto& row : data_.rows().rows) {
     write_line(row, [&](const Value& value) { append_csv_value(line, value); });
   }

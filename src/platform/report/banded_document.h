@@ -24,6 +24,8 @@ class BandedDocument : public ReportDocument {
   void write_csv(std::ostream& out) const override;
 
  private:
+  std::vector<std::string> csv_headings() const;
+
   Layout layout_;
   ReportData data_;
   std::vector<RecordSpan> pages_;

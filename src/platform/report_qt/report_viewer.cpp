@@ -112,6 +112,7 @@ void ReportViewer::add_paging() {
       add_action("Previous page", Qt::CTRL | Qt::Key_PageUp, [this] { show_page(page_ - 1); });
   previous_->setIcon(picture(QStyle::SP_MediaSeekBackward));
   page_box_ = new QSpinBox;
+  page_box_->setAccessibleName("Page");
   page_box_->setKeyboardTracking(false);
   page_box_->setButtonSymbols(QAbstractSpinBox::NoButtons);
   page_box_->setAlignment(Qt::AlignRight);
@@ -130,6 +131,7 @@ void ReportViewer::add_paging() {
 void ReportViewer::add_zoom() {
   add_action("Smaller", QKeySequence::ZoomOut, [this] { step_zoom(-1); })->setIconText("\u2212");
   zoom_box_ = new QComboBox;
+  zoom_box_->setAccessibleName("Zoom");
   zoom_box_->addItem("Fit width", fit_entry);
   for (const int percent : zoom_steps) zoom_box_->addItem(percent_text(percent), percent);
   connect(zoom_box_, &QComboBox::activated, this, [this](int index) {
@@ -143,6 +145,7 @@ void ReportViewer::add_zoom() {
 void ReportViewer::add_search() {
   search_box_ = new QLineEdit;
   search_box_->setPlaceholderText("Find");
+  search_box_->setAccessibleName("Find");
   search_box_->setClearButtonEnabled(true);
   search_box_->setMaximumWidth(220);
   const auto search = [this] {

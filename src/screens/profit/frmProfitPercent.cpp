@@ -21,7 +21,9 @@ std::vector<Control> controls() {
       button("cmdRefresh", "&Refresh"), button("cmdprint", "Previe&w"),
       button("cmdClose", "&Close"), grid("MSHF", 11), total_box("tTotalSales", "TOTAL SALE RATE"),
       total_box("tTotalPurchase", "TOTAL PURCHASE RATE"), total_box("tTotalProfit", "TOTAL PROFIT"),
-      total_box("tStock", "TOTAL STOCK VALUE"), total_box("tMargin", "PROFIT  %"));
+      total_box("tStock", "TOTAL STOCK VALUE"),
+      total_box("tMargin", "PROFIT  %")
+          .hinted("The total profit on the total purchase rate, in per cent."));
 }
 
 }  // namespace

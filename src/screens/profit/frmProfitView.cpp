@@ -26,7 +26,8 @@ std::vector<Control> controls() {
   for (const RowBox& box : header_boxes())
     if (box.name != "tTotal") all.push_back(text_box(box.name, box.label));
   append(all, tab_order(grid("MSHF", 8), total_box("tTotal", "TOTAL"),
-                        total_box("tPercent", "PROFIT  %"), total_box("tTotalRows", "ROWS")));
+                        total_box("tPercent", "PROFIT  %").hinted(kAverageHint),
+                        total_box("tTotalRows", "ROWS")));
   return all;
 }
 

@@ -25,7 +25,8 @@ std::vector<Control> controls(ProfitDefinition& definition) {
                         total_box("tTotalPurchase", "TOTAL PURCHASE RATE"),
                         total_box("tTotalProfit", "TOTAL PROFIT")));
   append(all, std::move(definition.results));
-  append(all, tab_order(total_box("tMargin", "PROFIT  %"), label("tTotalRows").with_text("0")));
+  append(all, tab_order(total_box("tMargin", "PROFIT  %").hinted(kAverageHint),
+                        label("tTotalRows").with_text("0")));
   return all;
 }
 

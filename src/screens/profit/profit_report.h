@@ -61,6 +61,11 @@ void preview_profit(AppState& app, const ReportGrid& grid, const Period& period,
 /// What a preview of profit says when its period is reversed.
 inline constexpr const char* kReversedProfitPeriod = "The Start Date Is Greater Than The End Date";
 
+/// What the box with the average percentage says about itself.
+inline constexpr const char* kAverageHint =
+    "The mean of the rows' percentages: every row counts the same, however much was sold. It is "
+    "neither the profit on all sales nor on all purchases.";
+
 /// A plain average of a grid column.
 struct ColumnAverage {
   int column = 0;

@@ -38,7 +38,8 @@ GridColumns grid_columns() {
 frmItemSalesReport::frmItemSalesReport(AppState& app)
     : Screen(app, "frmItemSalesReport", "MONTHLY PRODUCT WISE SALES REPORT", controls()),
       grid_(form(), grid_columns(),
-            {.bands = RowBands{1, 6}, .whole_amounts = "CATAGORY WISE SALES or SUPPLIER WISE SALES"}) {
+            {.bands = RowBands{1, 6},
+             .whole_amounts = "CATAGORY WISE SALES or SUPPLIER WISE SALES"}) {
   key_walk({"DTP1", "DTP2", "Combo1", "cmdView"});
   on_press("cmdView", [this] { view(); });
   on_press("cmdprint", [this] { preview(); });
