@@ -182,7 +182,7 @@ class Maker {
                     {"Qty", sold},
                     {"Amount", chance_.once_in(12) ? chance_.amount() : amount},
                     {"iCGst", half},
-                    {"iSGst", half},
+                    {"iSGst", chance_.once_in(8) ? half + 1 : half},
                     {"iIGst", tax},
                     {"iHSNcode", text_or_null(kHsn)},
                     {"CessPercent", chance_.below(4) * (chance_.once_in(3) ? 4.0 : 0)}});
