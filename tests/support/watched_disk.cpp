@@ -102,6 +102,10 @@ WatchedDisk::WatchedDisk(Hook hook) : vfs_(*watch().real) {
   vfs_.zName = "watched disk";
   vfs_.xOpen = &open;
   vfs_.xDelete = &remove;
+  take_over();
+}
+
+void WatchedDisk::take_over() {
   sqlite3_vfs_register(&vfs_, 1);
 }
 

@@ -36,6 +36,9 @@ class WatchedDisk {
   WatchedDisk(const WatchedDisk&) = delete;
   WatchedDisk& operator=(const WatchedDisk&) = delete;
 
+  /// Makes it the disk of new connections again, after SQLite was shut down and forgot it.
+  void take_over();
+
  private:
   sqlite3_vfs vfs_;
 };

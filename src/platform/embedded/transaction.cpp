@@ -20,7 +20,14 @@ void Transaction::require_open() const {
   if (state_ == State::none) throw DatabaseError(Kind::other, "No transaction is active.");
 }
 
-void Transaction::require_standing() const {
+// A roll-back fails where there is no memory for it. The next statement does it, since the lock on
+// the file would keep the tills from billing until the program ends.
+void Transaction::end_left_over() {
+  if (state_ == State::none && database_.in_transaction()) end("ROLLBACK");
+}
+
+void Transaction::require_standing() {
+  end_left_over();
   if (state_ == State::undone)
     throw DatabaseError(Kind::other, "The transaction was undone: " + undone_because_);
 }
@@ -38,6 +45,7 @@ void Transaction::end(const char* sql) {
 
 void Transaction::begin() {
   if (state_ != State::none) throw DatabaseError(Kind::other, "A transaction is already active.");
+  end_left_over();
   state_ = State::begun;
 }
 

@@ -26,8 +26,9 @@ class Transaction {
   bool is_open() const { return state_ != State::none; }
 
   /// Throws if the engine had to undo the open transaction, so that what was meant to be one whole
-  /// is not half done.
-  void require_standing() const;
+  /// is not half done. Called ahead of each statement, it also ends what an earlier failure left
+  /// open.
+  void require_standing();
 
   /// To be called before a statement runs. The first one that reaches the catalogue, if only by
   /// reading, takes the right to write at once: another program's commit between its reading and a
@@ -57,6 +58,7 @@ class Transaction {
   void take_write_lock();
   /// Ends what SQLite has open by "COMMIT" or "ROLLBACK".
   void end(const char* sql);
+  void end_left_over();
 
   Database& database_;
   WriteTurns turns_;
