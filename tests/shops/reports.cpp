@@ -561,7 +561,7 @@ void add_profit(std::vector<Report>& all) {
 // ---- purchases ----
 
 Report bills_of_type(const std::string& screen, const std::string& type, int gst_no,
-                     std::vector<std::string> cells, std::map<std::string, Box> boxes) {
+                     const std::vector<std::string>& cells, std::map<std::string, Box> boxes) {
   const int first = gst_no + 3;
   std::vector<Column> columns = {text(gst_no, "GstNo"), text(gst_no + 1, "BillNo"),
                                  date(gst_no + 2, "BillDate")};
@@ -1095,7 +1095,7 @@ Report business_by_hsn() {
 }
 
 Report bills_by_rate(const std::string& screen, const std::vector<std::string>& shown,
-                     const Lines& lines, std::vector<std::string> keys) {
+                     const Lines& lines, const std::vector<std::string>& keys) {
   return {.screen = screen,
           .columns = {text(1, shown[0]), text(2, shown[1]), date(3, shown[2]), figure(4, shown[3]),
                       figure(5, "iIGst", kWholeNumber), figure(6, "Amount"), figure(7, "Tax"),

@@ -56,6 +56,7 @@ Cell number_cell(double value) {
 // What nulls leave of a list of numbers.
 std::vector<double> numbers(const std::vector<const Row*>& rows, const Number& of) {
   std::vector<double> all;
+  all.reserve(rows.size());
   for (const Row* row : rows) all.push_back(of(*row));
   all.erase(std::remove_if(all.begin(), all.end(), [](double one) { return std::isnan(one); }),
             all.end());
@@ -117,6 +118,7 @@ Rows grouped(const Rows& rows, const std::vector<std::string>& keys, const Recko
   std::map<std::vector<std::string>, std::vector<const Row*>> groups;
   for (const Row& row : rows) {
     std::vector<std::string> key;
+    key.reserve(keys.size());
     for (const std::string& name : keys) key.push_back(cell_key(row, name));
     groups[key].push_back(&row);
   }

@@ -199,7 +199,7 @@ class TieOut {
   // The last, which often is all of them, and one more.
   std::vector<std::string> chosen(const Report& report) {
     if (!takes_a_choice(report)) return {""};
-    const std::vector<std::string> all = offered(report);
+    std::vector<std::string> all = offered(report);
     if (all.size() < 2) return all;
     return {all.back(), all[seed_ % (all.size() - 1)]};
   }
