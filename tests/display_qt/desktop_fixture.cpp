@@ -29,7 +29,7 @@ class FakeConnection : public Connection {
   void rollback_trans() override { in_transaction_ = false; }
   bool in_transaction() const override { return in_transaction_; }
 
-  void set_keep_going(KeepGoing keep_going) override { keep_going_ = std::move(keep_going); }
+  void set_keep_going(const KeepGoing& keep_going) override { keep_going_ = keep_going; }
 
   RowSet execute(std::string_view sql) override {
     if (shop_.is_slow && sql.find("salestemp where billdate") != sql.npos) wait_for_cancel();

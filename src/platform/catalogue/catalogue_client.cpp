@@ -41,8 +41,8 @@ class CatalogueConnection : public Connection {
     if (engine_) engine_->set_command_timeout(timeout);
   }
 
-  void set_keep_going(KeepGoing keep_going) override {
-    keep_going_ = std::move(keep_going);
+  void set_keep_going(const KeepGoing& keep_going) override {
+    keep_going_ = keep_going;
     if (engine_) engine_->set_keep_going(keep_going_);
   }
 

@@ -104,7 +104,7 @@ class Connection {
   /// Has `keep_going` asked by every statement from now on. One that it ends throws Cancelled and
   /// leaves the catalogue as it was ahead of it. A connection without a way of its own asks
   /// nothing.
-  virtual void set_keep_going(KeepGoing /*keep_going*/) {}
+  virtual void set_keep_going(const KeepGoing& /*keep_going*/) {}
 
   /// Runs one T-SQL statement and returns its rows, if it has any.
   virtual RowSet execute(std::string_view sql) = 0;

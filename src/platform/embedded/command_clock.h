@@ -26,7 +26,7 @@ class CommandClock {
   /// The statement that runs has no limit any more.
   void wait_without_end() { end_ = Clock::time_point::max(); }
   /// Who is asked whether the statements go on, on the thread that made the clock.
-  void set_keep_going(KeepGoing keep_going) { keep_going_ = std::move(keep_going); }
+  void set_keep_going(const KeepGoing& keep_going) { keep_going_ = keep_going; }
   /// A row of the statement is there.
   void count_row() { ++rows_; }
   /// What runs until the next start is to be finished: nobody is asked.

@@ -180,8 +180,8 @@ void EmbeddedSession::set_command_timeout(std::chrono::seconds timeout) {
   timeout_ = timeout;
 }
 
-void EmbeddedSession::set_keep_going(KeepGoing keep_going) {
-  keep_going_ = std::move(keep_going);
+void EmbeddedSession::set_keep_going(const KeepGoing& keep_going) {
+  keep_going_ = keep_going;
   if (open_) open_->clock.set_keep_going(keep_going_);
 }
 

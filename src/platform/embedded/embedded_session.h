@@ -30,7 +30,7 @@ class EmbeddedSession : public Connection {
   void open(std::string_view connection_string) override;
   void set_cursor_location(CursorLocation) override {}
   void set_command_timeout(std::chrono::seconds timeout) override;
-  void set_keep_going(KeepGoing keep_going) override;
+  void set_keep_going(const KeepGoing& keep_going) override;
   RowSet execute(std::string_view sql) override;
   void read_each(std::string_view sql, const RowVisitor& visit) override;
   void begin_trans() override;

@@ -29,7 +29,7 @@ class OdbcConnection final : public Connection {
   void open(std::string_view connection_string) override;
   void set_cursor_location(CursorLocation /*location*/) override {}
   void set_command_timeout(std::chrono::seconds timeout) override { timeout_ = timeout; }
-  void set_keep_going(KeepGoing keep_going) override;
+  void set_keep_going(const KeepGoing& keep_going) override;
   RowSet execute(std::string_view sql) override;
   void read_each(std::string_view sql, const RowVisitor& visit) override;
   void begin_trans() override;
@@ -74,8 +74,8 @@ void OdbcConnection::connect() {
   lost_ = false;
 }
 
-void OdbcConnection::set_keep_going(KeepGoing keep_going) {
-  keep_going_ = std::move(keep_going);
+void OdbcConnection::set_keep_going(const KeepGoing& keep_going) {
+  keep_going_ = keep_going;
   if (session_) session_->set_keep_going(keep_going_);
 }
 

@@ -33,7 +33,7 @@ class Session {
   void read_each(std::string_view sql, std::chrono::seconds timeout, const RowVisitor& visit);
 
   /// Who is asked while a statement runs; one that is ended throws Cancelled.
-  void set_keep_going(KeepGoing keep_going) { keep_going_ = std::move(keep_going); }
+  void set_keep_going(const KeepGoing& keep_going) { keep_going_ = keep_going; }
 
   void begin();
   void commit();
