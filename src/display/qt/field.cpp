@@ -250,7 +250,7 @@ ScreenField make_widget(const Control& control, const FieldActions& actions,
 
 // What a reader of the screen says: the caption, or what kind of thing has none.
 QString spoken_name(const Control& control) {
-  const QString caption = spoken_caption(control);
+  QString caption = spoken_caption(control);
   if (!caption.isEmpty()) return caption;
   switch (control.kind) {
     case ControlKind::grid:
